@@ -1,0 +1,48 @@
+#pragma once
+// Everything the screens of the running program share, handed to the wiring code of each
+// subsystem. One instance, owned by the AppController; never global.
+
+#include "common/clock.h"
+#include "common/messages.h"
+#include "common/session.h"
+
+#include <QList>
+#include <QString>
+#include <functional>
+
+namespace est::ui { class WaitDialog; }
+namespace est::sheet { class FrmMitumori; }
+
+namespace est::app {
+
+class DlgHajime;
+class FrmSetting;
+
+// One step of starting a new or opened estimate (file-name dialog, date dialog, rate
+// dialog ...). Returns false when the user cancelled: the chain stops and the start
+// dialog comes back.
+using FlowStep = std::function<bool()>;
+
+struct AppContext
+{
+    Session &session;
+    Messages &messages;
+    const Clock &clock;
+    QString appFolder;
+
+    sheet::FrmMitumori *sheet = nullptr;
+    DlgHajime *start = nullptr;
+    FrmSetting *settings = nullptr;
+    ui::WaitDialog *wait = nullptr;
+
+    // Run at start-up, in order, before the start dialog is shown.
+    QList<std::function<void()>> startupSteps;
+    // Steps of a new estimate, after SheetState became 1 and before the sheet is shown.
+    QList<FlowStep> newEstimateSteps;
+    // Steps of opening a saved estimate (the open dialog), before the sheet is shown.
+    QList<FlowStep> openEstimateSteps;
+    // Opens a workbook in the spreadsheet program (start dialog's third choice).
+    std::function<void()> openWorkbook;
+};
+
+} // namespace est::app

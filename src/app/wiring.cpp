@@ -1,0 +1,10 @@
+#include "app/wiring.h"
+
+namespace est::app {
+
+void wireSubsystems(AppContext &context)
+{
+    Q_UNUSED(context);
+}
+
+} // namespace est::app

@@ -1,0 +1,31 @@
+#pragma once
+// The one seam through which screens tell the user something or ask a question.
+// The program installs a message-box implementation; tests install a scripted one.
+
+#include <QString>
+
+namespace est {
+
+enum class MessageIcon { None, Information, Question, Exclamation, Critical };
+
+enum class Answer { Ok, Yes, No, Cancel };
+
+class Messages
+{
+public:
+    virtual ~Messages() = default;
+
+    // A notice with an OK button only.
+    virtual void inform(const QString &text, const QString &title, MessageIcon icon) = 0;
+
+    // A question with Yes and No.
+    virtual Answer askYesNo(const QString &text, const QString &title, MessageIcon icon) = 0;
+
+    // A question with Yes, No and Cancel.
+    virtual Answer askYesNoCancel(const QString &text, const QString &title, MessageIcon icon) = 0;
+
+    // A beep for a refused key.
+    virtual void beep() = 0;
+};
+
+} // namespace est

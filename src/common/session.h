@@ -1,0 +1,128 @@
+#pragma once
+// The state that every screen of the running program shares: one instance, created at
+// start-up and handed to the screens that need it. Editors copy what they need, and write
+// back only when the user confirms.
+
+#include "common/estimate_row.h"
+#include "common/money.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+
+namespace est {
+
+// Whether the open estimate has a name yet, which decides how saving behaves.
+enum class SheetState : std::int16_t {
+    NotStarted = 0,  // no estimate started
+    NewStarted = 1,  // a new estimate has been started
+    NameChosen = 2,  // a file name has been chosen (file-name dialog, save, print)
+};
+
+// Header fields of the estimate sheet, all free text.
+struct EstimateHeader
+{
+    int documentKind = 0;   // index into the document kinds (概算見積書 ... 納品/請求書)
+    QString openingText;    // sentence above the rows, follows the document kind
+    QString closingText;    // sentence below the rows
+    QString amountCaption;  // caption of the amount box
+    QString customerName;   // txtName
+    QString customerCompany; // txtKaisya
+    QString carName;        // txtSname
+    QString chassisNumber;  // txtSyatai
+    QString firstRegistration; // txtSnen
+    QString distance;       // txtKm
+    QString registration;   // txtTouroku
+    QString modelCode;      // txtKata
+    QString classCode;      // txtRui
+    QString colour;         // txtColer
+    QString engine;         // txtEg
+    QString memo;           // txtMemo
+};
+
+// Totals the editors keep, whole yen.
+struct EditorTotals
+{
+    Yen labour = 0;         // labour of the rows (lblKoutin)
+    Yen parts = 0;          // parts of the rows (lblBuhin)
+    Yen workTotalA = 0;     // lblSkei
+    Yen paintLabour = 0;    // lblPaint
+    Yen paintMaterial = 0;  // lblZairyo
+    Yen bumperPaint = 0;    // lblBumpa
+    Yen paintTotalB = 0;    // lblPKei
+};
+
+// The derived totals of the sheet, held as their displayed texts ("#,###"), because the
+// chain of totals reads and writes displayed texts: an empty text is "no value".
+struct SheetFigures
+{
+    QString gokei;          // A + B (lblGokei)
+    QString discountRate;   // txtNebiki1, whole per cent
+    QString discountAmount; // txtNebiki2
+    QString afterDiscount;  // lblNGo
+    QString taxRate;        // lblZeiritu, from the own-company block
+    QString tax;            // lblSZei
+    QString withTax;        // lblZkomi
+    QString nonTaxable;     // lblHZei
+    QString grandTotal;     // lblKei
+    QString advance;        // txtAzukari
+    QString amountDue;      // lblSeikyu
+    QString amountDueCopy;  // lblGKei
+    QString rememberedRate = QStringLiteral("0"); // the rate last used for the discount
+};
+
+// Chosen non-taxable items of the open estimate.
+struct NonTaxableItems
+{
+    QStringList names;
+    QList<Yen> amounts;
+    std::int16_t count = 0;
+    Yen sum = 0;
+    bool present = false;
+};
+
+struct Session
+{
+    SheetState sheetState = SheetState::NotStarted;
+    bool editExisting = false;
+    bool rateDialogRequested = false;
+
+    // Slip counter and date of the last slip, as stored between runs.
+    QString denpyoNo;
+    QString denpyoDDay;
+    // Slip number and era date of the open estimate.
+    QString slipNumber;
+    QString estimateDate;
+
+    // The file-name text chosen for the open estimate (without date prefix and extension).
+    QString fileNameText;
+    // Full path of the workbook the estimate was last saved to or opened from.
+    QString workbookPath;
+
+    EstimateHeader header;
+    QList<EstimateRow> rows;   // work rows; rows[0] is row number 1 on the sheet
+    EditorTotals totals;
+    SheetFigures figures;
+
+    // Own-company block: fourteen texts in the order of the company text file.
+    QStringList company = QStringList(14);
+
+    NonTaxableItems nonTaxable;
+
+    // Labour rates in yen per index point (0 = not set) and the shop's rounding.
+    std::int16_t labourRate = 0;
+    std::int16_t paintLabourRate = 0;
+    std::int16_t roundDigits = 0;
+    std::int16_t roundMode = 0;
+
+    // Parts catalogue choice.
+    QString maker;
+    QString vehicleType;
+
+    // Customer and vehicle hand-over arrays.
+    QStringList customer = QStringList(18);
+    QStringList vehicle = QStringList(19);
+};
+
+} // namespace est

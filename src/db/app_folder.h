@@ -1,0 +1,23 @@
+#pragma once
+// The application folder and the rule that turns the relative paths used throughout the
+// program ("temp\kdata.txt", "Data\Hikazei.mdb", "Mitsumori\") into real paths.
+
+#include <QString>
+
+namespace est::db {
+
+// The program's folder, or the folder named by ESTIMATE_APP_HOME when that is set.
+QString applicationFolder();
+
+// The folder, then a separator unless the folder already ends in one, then the relative part.
+QString joinPath(const QString &folder, const QString &relative);
+
+// Maps a relative path as the rest of the program names it onto this platform's layout:
+// "temp"/"Temp" -> "temp", "Data"/"data" -> "Data", "Mitsumori" stays; database files ".mdb"
+// become ".sqlite" and workbooks ".xls" become ".xlsx"; "\" becomes "/".
+QString mapRelativePath(const QString &relative);
+
+// joinPath(folder, mapRelativePath(relative)).
+QString resolve(const QString &folder, const QString &relative);
+
+} // namespace est::db

@@ -1,0 +1,48 @@
+#pragma once
+// Opening the program's SQLite database files by their relative path. A missing file is
+// made from the schema and sample data kept as SQL text in the program (data/<name>.sql).
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+
+namespace est::db {
+
+struct OpenResult
+{
+    QSqlDatabase database;   // valid and open when error is empty
+    QString error;           // a sentence for the user when opening failed
+    bool created = false;    // the file was made from the built-in schema just now
+
+    bool ok() const { return error.isEmpty(); }
+};
+
+// Opens (creating when missing) the database file at `relative` below `appFolder`,
+// e.g. "temp\KokyakuDB.mdb" -> <appFolder>/temp/KokyakuDB.sqlite. The connection is named
+// after the full path and reused while open.
+OpenResult openDatabase(const QString &appFolder, const QString &relative);
+
+// Opens an existing file only; never creates it.
+OpenResult openExistingDatabase(const QString &fullPath);
+
+// Closes and forgets the connection of that file (before it is replaced or deleted).
+void closeDatabase(const QString &fullPath);
+
+// The built-in SQL text for a database base name ("KokyakuDB"), empty when there is none.
+QString builtInSql(const QString &baseName);
+
+// Runs a script of SQL statements separated by ";" (quotes and "--" comments respected)
+// in one transaction. Returns an error text, empty on success.
+QString runScript(QSqlDatabase &database, const QString &script);
+
+// Splits a script into statements; exposed for tests.
+QStringList splitStatements(const QString &script);
+
+// Whether a table of that exact name exists in the database.
+bool tableExists(const QSqlDatabase &database, const QString &table);
+
+// The name in double quotes, inner quotes doubled, for the only place where a name (never a
+// value) enters SQL text: a table name from a register, after tableExists() said yes.
+QString quoteIdentifier(const QString &name);
+
+} // namespace est::db
