@@ -187,7 +187,6 @@ QWidget *FrmMitumori::buildHeader()
     left->addWidget(m_w->txtKaisya, 1, 0, 1, 3);
     left->addWidget(new QLabel(QStringLiteral("御中"), box), 1, 3);
     left->addWidget(m_w->txtName, 2, 0, 1, 3);
-    left->addWidget(new QLabel(QStringLiteral("様"), box), 2, 3);
 
     struct Field
     {
@@ -470,9 +469,14 @@ void FrmMitumori::refreshRows()
     grid->setUpdatesEnabled(false);
     grid->setRowCount(gridRowCount(int(rows.size())) - 1);
     clearGrid();
-    for (int r = 0; r < rows.size(); ++r)
-        for (int c = 0; c < kGridColumns; ++c)
-            grid->item(r, c)->setText(rows.at(r).at(c));
+    for (int r = 0; r < rows.size(); ++r) {
+        for (int c = 0; c < kGridColumns; ++c) {
+            QTableWidgetItem *item = grid->item(r, c);
+            item->setText(rows.at(r).at(c));
+            if (c >= ColIndex && c <= ColPartsAmount)
+                item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        }
+    }
     grid->setUpdatesEnabled(true);
     refreshTotals();
 }

@@ -1,0 +1,133 @@
+// Start-up to the start dialog, and the estimate sheet with a full estimate of 394 rows:
+// rebuilding the grid and recomputing the chain of totals. Peak resident memory of the whole
+// benchmark process is reported as the counter "peak_rss_MB".
+//
+//   build/bench/sheet_bench
+
+#include "app/app_controller.h"
+#include "app/dlg_hajime.h"
+#include "common/session.h"
+#include "sheet/frm_mitumori.h"
+#include "sheet/totals_chain.h"
+#include "uikit/message_box_messages.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+namespace {
+
+class SilentMessages final : public est::Messages
+{
+public:
+    void inform(const QString &, const QString &, est::MessageIcon) override {}
+    est::Answer askYesNo(const QString &, const QString &, est::MessageIcon) override { return est::Answer::No; }
+    est::Answer askYesNoCancel(const QString &, const QString &, est::MessageIcon) override
+    {
+        return est::Answer::Cancel;
+    }
+    void beep() override {}
+};
+
+double peakRssMb()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_maxrss) / 1024.0;
+}
+
+void fillEstimate(est::Session &s)
+{
+    s.company[11] = QStringLiteral("10");
+    for (int i = 0; i < est::kMaxEstimateRows; ++i) {
+        est::EstimateRow row;
+        row[est::ColNo] = QString::number(i + 1);
+        row[est::ColSection] = QStringLiteral("フロント廻り");
+        row[est::ColPart] = QStringLiteral("フロントバンパーフェイス");
+        row[est::ColPartNumber] = QStringLiteral("52119-12A%1").arg(i, 3, 10, QLatin1Char('0'));
+        row[est::ColWork] = QStringLiteral("取替");
+        row[est::ColIndex] = QStringLiteral("1.50");
+        row[est::ColLabour] = QStringLiteral("7,500");
+        row[est::ColUnitPrice] = QStringLiteral("12,300");
+        row[est::ColQuantity] = QStringLiteral("1");
+        row[est::ColPartsAmount] = QStringLiteral("12,300");
+        s.rows.append(row);
+    }
+    s.totals.workTotalA = 394 * (7500 + 12300);
+    s.totals.paintTotalB = 250000;
+    s.figures.discountRate = QStringLiteral("5");
+    s.figures.advance = QStringLiteral("100,000");
+}
+
+void BM_StartupToStartDialog(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    for (auto _ : state) {
+        est::Session session;
+        SilentMessages messages;
+        est::SystemClock clock;
+        est::app::AppController controller(session, messages, clock, folder.path());
+        controller.start(0);
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(controller.context().start->isVisible());
+    }
+    state.counters["peak_rss_MB"] = peakRssMb();
+}
+BENCHMARK(BM_StartupToStartDialog)->Unit(benchmark::kMillisecond);
+
+void BM_RecomputeTotals394Rows(benchmark::State &state)
+{
+    est::Session session;
+    fillEstimate(session);
+    SilentMessages messages;
+    est::sheet::FrmMitumori sheet(session, messages);
+    sheet.refresh();
+    est::Yen extra = 0;
+    for (auto _ : state) {
+        // A new A every time, so the whole chain really runs.
+        session.totals.workTotalA = 394 * (7500 + 12300) + (++extra % 1000);
+        sheet.refreshTotals();
+    }
+    state.counters["peak_rss_MB"] = peakRssMb();
+}
+BENCHMARK(BM_RecomputeTotals394Rows)->Unit(benchmark::kMicrosecond);
+
+void BM_RebuildGrid394Rows(benchmark::State &state)
+{
+    est::Session session;
+    fillEstimate(session);
+    SilentMessages messages;
+    est::sheet::FrmMitumori sheet(session, messages);
+    for (auto _ : state)
+        sheet.refreshRows();
+    state.counters["peak_rss_MB"] = peakRssMb();
+}
+BENCHMARK(BM_RebuildGrid394Rows)->Unit(benchmark::kMicrosecond);
+
+void BM_TotalsChainOnly(benchmark::State &state)
+{
+    est::Session session;
+    fillEstimate(session);
+    est::sheet::TotalsChain chain(session.figures, session.totals);
+    chain.setTaxRate(QStringLiteral("10"));
+    est::Yen extra = 0;
+    for (auto _ : state) {
+        session.totals.workTotalA = 394 * (7500 + 12300) + (++extra % 1000);
+        chain.sumsChanged();
+    }
+}
+BENCHMARK(BM_TotalsChainOnly)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,91 @@
+// Renders the program's screens, filled with a sample estimate, to PNG files so that a person
+// can look at them without clicking through the program:
+//   xvfb-run -a build/tools/gallery/screen_gallery <output folder>
+
+#include "app/app_controller.h"
+#include "app/dlg_hajime.h"
+#include "app/frm_setting.h"
+#include "app/frm_sp.h"
+#include "sheet/frm_mitumori.h"
+#include "uikit/message_box_messages.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFont>
+#include <QTemporaryDir>
+#include <cstdio>
+
+namespace {
+
+void save(QWidget *widget, const QString &folder, const QString &name)
+{
+    widget->show();
+    QApplication::processEvents();
+    const QString path = QDir(folder).filePath(name + QStringLiteral(".png"));
+    if (widget->grab().save(path))
+        std::printf("%s\n", qPrintable(path));
+}
+
+void fillSample(est::Session &s)
+{
+    s.company = {QStringLiteral("1"), QStringLiteral("確かな技術で愛車を守ります"), QStringLiteral("有限会社 見本自動車鈑金"),
+                 QStringLiteral("東京都練馬区見本町1-2-3"), QStringLiteral("03-0000-1234"), QStringLiteral("03-0000-1235"),
+                 QStringLiteral("見本銀行"), QStringLiteral("練馬支店"), QStringLiteral("7"), QStringLiteral("普通"),
+                 QStringLiteral("1234567"), QStringLiteral("10"), QStringLiteral("ﾐﾎﾝｼﾞﾄﾞｳｼｬﾊﾞﾝｷﾝ"), QStringLiteral("True")};
+    s.header.customerName = QStringLiteral("山田 太郎");
+    s.header.customerCompany = QStringLiteral("株式会社 見本商事");
+    s.header.carName = QStringLiteral("カローラ");
+    s.header.registration = QStringLiteral("練馬 500 あ 12-34");
+    s.estimateDate = QStringLiteral("令和6年1月5日");
+    s.slipNumber = QStringLiteral("240105001");
+    const char *parts[][6] = {
+        {"フロント", "フロントバンパー", "52119-0A000", "取替", "1.50", "7,500"},
+        {"フロント", "ヘッドランプ　左", "81150-0B010", "取替", "0.80", "4,000"},
+        {"フロント", "ボンネット", "53301-0C020", "鈑金", "2.00", "10,000"},
+    };
+    int n = 0;
+    for (const auto &p : parts) {
+        est::EstimateRow row;
+        row[est::ColNo] = QString::number(++n);
+        for (int c = 0; c < 6; ++c)
+            row[c + 1] = QString::fromUtf8(p[c]);
+        row[est::ColUnitPrice] = QStringLiteral("12,300");
+        row[est::ColQuantity] = QStringLiteral("1");
+        row[est::ColPartsAmount] = QStringLiteral("12,300");
+        s.rows.append(row);
+    }
+    s.totals.labour = 21500;
+    s.totals.parts = 36900;
+    s.totals.workTotalA = 58400;
+    s.totals.paintLabour = 30000;
+    s.totals.paintMaterial = 12000;
+    s.totals.paintTotalB = 42000;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setFont(QFont(QStringLiteral("Noto Sans CJK JP"), 10));
+    const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
+    QDir().mkpath(folder);
+    QTemporaryDir appFolder;
+
+    est::Session session;
+    est::ui::MessageBoxMessages messages;
+    est::SystemClock clock;
+    est::app::AppController controller(session, messages, clock, appFolder.path());
+    controller.start(0);
+    est::app::AppContext &c = controller.context();
+    save(c.start, folder, QStringLiteral("dlgHajime"));
+    est::app::FrmSp splash(60000);
+    save(&splash, folder, QStringLiteral("frmSp"));
+    save(c.settings, folder, QStringLiteral("frmSetting"));
+
+    fillSample(session);
+    c.sheet->refresh();
+    c.sheet->resize(1280, 900);
+    save(c.sheet, folder, QStringLiteral("frmMitumori"));
+    return 0;
+}
