@@ -7,7 +7,10 @@
 #include "sheet/frm_mitumori.h"
 #include "uikit/wait_dialog.h"
 
+#include "db/app_folder.h"
+
 #include <QApplication>
+#include <QDir>
 #include <QPushButton>
 
 namespace est::app {
@@ -30,6 +33,7 @@ void AppController::start(int splashMs)
 {
     Session &s = m_context.session;
     s.sheetState = SheetState::NotStarted;
+    ensureFolders();
 
     m_context.wait = new ui::WaitDialog;
     m_context.sheet = new sheet::FrmMitumori(s, m_context.messages);
@@ -72,6 +76,17 @@ void AppController::start(int splashMs)
         });
         splash->show();
         splash->raise();
+    }
+}
+
+void AppController::ensureFolders()
+{
+    // A new installation starts with an empty application folder.
+    for (const char *folder : {"temp", "Data", "Mitsumori"}) {
+        const QString path = db::resolve(m_context.appFolder, QLatin1String(folder));
+        if (!QDir().mkpath(path))
+            m_context.messages.inform(QStringLiteral("フォルダ %1 を作成できませんでした。").arg(QDir::toNativeSeparators(path)),
+                                      QStringLiteral("起動"), MessageIcon::Critical);
     }
 }
 

@@ -33,6 +33,7 @@ Q_SIGNALS:
     void allFormsUnloaded();
 
 private:
+    void ensureFolders();
     bool runSteps(const QList<FlowStep> &steps);
     void showSheet();
 

@@ -9,6 +9,7 @@
 #include "uikit/guarded_dialog.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -39,6 +40,8 @@ TEST(Startup, StartDialogShownSheetLoadedHidden)
     EXPECT_EQ(x.session.sheetState, SheetState::NotStarted);
     for (const char *name : {"cmdSin", "cmdHen", "cmdXls", "cmdSetting", "CancelButton"})
         EXPECT_NE(c.start->button(name), nullptr) << name;
+    for (const char *folder : {"temp", "Data", "Mitsumori"})
+        EXPECT_TRUE(QFileInfo(x.folder.file(folder)).isDir()) << folder;
 }
 
 TEST(Startup, NewEstimateShowsTheSheetWithStateOne)
