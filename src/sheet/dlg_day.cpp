@@ -4,6 +4,7 @@
 #include "sheet/frm_mitumori.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -73,9 +74,23 @@ void DlgDay::buildUi()
 
     connect(m_ck1, &QCheckBox::toggled, this, &DlgDay::useTypedDate);
     connect(m_ok2, &QPushButton::clicked, this, &DlgDay::applyTypedDate);
-    connect(m_txtHiduke, &QLineEdit::returnPressed, this, &DlgDay::applyTypedDate);
+    m_txtHiduke->installEventFilter(this);
     connect(m_ok, &QPushButton::clicked, this, &DlgDay::confirm);
     connect(cancel, &QPushButton::clicked, this, [this] { cancelByButton(); });
+}
+
+bool DlgDay::eventFilter(QObject *watched, QEvent *event)
+{
+    // Enter in the date field shows the proposal for the typed date; it must not also press
+    // OK and issue the number before the user has seen it.
+    if (watched == m_txtHiduke && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            applyTypedDate();
+            return true;
+        }
+    }
+    return GuardedDialog::eventFilter(watched, event);
 }
 
 bool DlgDay::proposeFor(QDate day)

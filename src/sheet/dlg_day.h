@@ -36,6 +36,9 @@ public:
 
     const SlipProposal &proposal() const { return m_proposal; }
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildUi();
     void showProposal();

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -111,9 +112,11 @@ TEST(DlgDay, TypedDate)
     ASSERT_EQ(x.messages.shown.size(), 1);
     EXPECT_EQ(x.messages.lastText(), QStringLiteral("1999/01/01 のように\n入力してください。"));
 
-    // The same day as the last slip continues its counter.
+    // The same day as the last slip continues its counter; Enter applies without confirming.
     typed->setText("2024/1/3");
-    x.find<QPushButton>("cmdOk2")->click();
+    QTest::keyClick(typed, Qt::Key_Return);
+    EXPECT_TRUE(x.dialog->isVisible());
+    EXPECT_TRUE(x.session.slipNumber.isEmpty());
     EXPECT_EQ(x.label("lblKyou"), QStringLiteral("令和6年1月3日"));
     EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240103005 です。"));
 
