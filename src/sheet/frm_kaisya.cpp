@@ -169,7 +169,10 @@ void FrmKaisya::showRecord()
     w.txtGinko->setText(r.bank);
     w.txtSiten->setText(r.bankBranch);
     w.txtTNo->setText(r.branchNo);
-    w.cboKoza->setCurrentIndex(accountTypes().indexOf(r.accountType) >= 0 ? accountTypes().indexOf(r.accountType) : 0);
+    // An account type stored by an older list stays selectable rather than turning into 普通.
+    if (!r.accountType.isEmpty() && w.cboKoza->findText(r.accountType) < 0)
+        w.cboKoza->addItem(r.accountType);
+    w.cboKoza->setCurrentIndex(std::max(0, w.cboKoza->findText(r.accountType)));
     w.txtKzNo->setText(r.accountNo);
     w.txtZeiritu->setText(r.taxRate);
     w.txtKzName->setText(r.accountHolder);
