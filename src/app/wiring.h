@@ -8,4 +8,7 @@ namespace est::app {
 
 void wireSubsystems(AppContext &context);
 
+// Slip numbers and date, own company, non-taxable items.
+void wireSheetExtras(AppContext &context);
+
 } // namespace est::app

@@ -3,6 +3,7 @@
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
 #include "fixed_clock.h"
+#include "modal_answerer.h"
 #include "scripted_messages.h"
 #include "sheet/frm_mitumori.h"
 #include "temp_app_folder.h"
@@ -25,8 +26,13 @@ struct AppFixture
     Session session;
     test::ScriptedMessages messages;
     test::FixedClock clock;
+    test::ModalAnswerer dialogs;
     app::AppController controller{session, messages, clock, folder.path()};
-    AppFixture() { controller.start(0); }
+    AppFixture()
+    {
+        dialogs.click("dlgDay", "OKButton");
+        controller.start(0);
+    }
 };
 
 } // namespace

@@ -1,0 +1,144 @@
+#include "fixed_clock.h"
+#include "scripted_messages.h"
+#include "sheet/dlg_day.h"
+#include "sheet/frm_mitumori.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace est;
+using est::sheet::DlgDay;
+
+namespace {
+
+struct DayFixture
+{
+    QTemporaryDir dir;
+    QSettings settings{dir.filePath("slip.ini"), QSettings::IniFormat};
+    Session session;
+    test::ScriptedMessages messages;
+    test::FixedClock clock{QDate(2024, 1, 5)};
+    sheet::FrmMitumori frm{session, messages};
+    std::unique_ptr<DlgDay> dialog;
+
+    DayFixture(const char *counter, const char *day)
+    {
+        session.denpyoNo = counter;
+        session.denpyoDDay = day;
+    }
+    bool open()
+    {
+        dialog = std::make_unique<DlgDay>(session, messages, clock, settings, &frm);
+        const bool ok = dialog->prepare();
+        dialog->show();
+        return ok;
+    }
+    template <typename T> T *find(const char *name) const
+    {
+        T *w = dialog->findChild<T *>(QLatin1String(name));
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+    QString label(const char *name) const { return find<QLabel>(name)->text(); }
+    QString sheetLabel(const char *name) const
+    {
+        return frm.findChild<QLabel *>(QLatin1String(name))->text();
+    }
+};
+
+TEST(DlgDay, ProposesAndConfirms)
+{
+    DayFixture x("005", "240105");
+    ASSERT_TRUE(x.open());
+    EXPECT_EQ(x.label("lblKyou"), QStringLiteral("令和6年1月5日"));
+    EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240105006 です。"));
+    EXPECT_FALSE(x.find<QLineEdit>("txtHiduke")->isEnabled());
+    EXPECT_FALSE(x.find<QPushButton>("cmdOk2")->isEnabled());
+    x.find<QPushButton>("OKButton")->click();
+    EXPECT_EQ(x.dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(x.session.denpyoNo, "006");
+    EXPECT_EQ(x.session.slipNumber, "240105006");
+    EXPECT_EQ(x.sheetLabel("lblHiduke"), QStringLiteral("令和6年1月5日 / 240105006"));
+    EXPECT_EQ(x.settings.value("DenpyoNo/DNo").toString(), "006");
+    EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "240105");
+    EXPECT_TRUE(x.messages.shown.isEmpty());
+}
+
+TEST(DlgDay, CancelChangesNothing)
+{
+    DayFixture x("017", "240104");
+    x.settings.setValue("DenpyoNo/DNo", "017");
+    ASSERT_TRUE(x.open());
+    EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240105001 です。"));
+    x.find<QPushButton>("CancelButton")->click();
+    EXPECT_EQ(x.dialog->result(), QDialog::Rejected);
+    EXPECT_FALSE(x.dialog->isVisible());
+    EXPECT_EQ(x.session.denpyoNo, "017");
+    EXPECT_TRUE(x.session.slipNumber.isEmpty());
+    EXPECT_EQ(x.settings.value("DenpyoNo/DNo").toString(), "017");
+    EXPECT_FALSE(x.settings.contains("DenpyoDDay/DDay"));
+}
+
+TEST(DlgDay, StoredDateInTheFutureIsRefused)
+{
+    DayFixture x("003", "240106");
+    DlgDay dialog(x.session, x.messages, x.clock, x.settings, &x.frm);
+    EXPECT_EQ(dialog.run(), QDialog::Rejected); // returns without showing
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("日付が違います。正しい日付を入力してください。"));
+    EXPECT_EQ(x.messages.shown.last().title, QStringLiteral("警告"));
+    EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::Critical);
+    EXPECT_TRUE(x.session.slipNumber.isEmpty());
+    EXPECT_EQ(x.session.denpyoNo, "003");
+}
+
+TEST(DlgDay, TypedDate)
+{
+    DayFixture x("004", "240103");
+    ASSERT_TRUE(x.open());
+    auto *typed = x.find<QLineEdit>("txtHiduke");
+    x.find<QCheckBox>("Ck1")->setChecked(true);
+    EXPECT_TRUE(typed->isEnabled());
+    EXPECT_EQ(typed->text(), "2024/01/05");
+
+    typed->setText(QStringLiteral("きのう"));
+    x.find<QPushButton>("cmdOk2")->click();
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("1999/01/01 のように\n入力してください。"));
+
+    // The same day as the last slip continues its counter; Enter applies without confirming.
+    typed->setText("2024/1/3");
+    QTest::keyClick(typed, Qt::Key_Return);
+    EXPECT_TRUE(x.dialog->isVisible());
+    EXPECT_TRUE(x.session.slipNumber.isEmpty());
+    EXPECT_EQ(x.label("lblKyou"), QStringLiteral("令和6年1月3日"));
+    EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240103005 です。"));
+
+    // A day before the last slip is refused and OK cannot issue anything.
+    typed->setText("2024/1/2");
+    x.find<QPushButton>("cmdOk2")->click();
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("日付が違います。正しい日付を入力してください。"));
+    EXPECT_TRUE(x.label("lblDNo").isEmpty());
+    EXPECT_FALSE(x.find<QPushButton>("OKButton")->isEnabled());
+
+    // Unticking goes back to today.
+    x.find<QCheckBox>("Ck1")->setChecked(false);
+    EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240105001 です。"));
+
+    // A typed date that was not applied yet is applied by OK.
+    x.find<QCheckBox>("Ck1")->setChecked(true);
+    typed->setText("2019/04/30");
+    x.session.denpyoDDay = "190430";
+    x.find<QPushButton>("OKButton")->click();
+    EXPECT_EQ(x.session.estimateDate, QStringLiteral("平成31年4月30日"));
+    EXPECT_EQ(x.session.slipNumber, "190430005");
+    EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "190430");
+}
+
+} // namespace
