@@ -8,4 +8,8 @@ namespace est::app {
 
 void wireSubsystems(AppContext &context);
 
+// Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
+// the settings hub.
+void wireCustomers(AppContext &context);
+
 } // namespace est::app
