@@ -86,7 +86,7 @@ std::optional<int> nextNumber(qint64 last)
 struct CustomerStore::Queries
 {
     explicit Queries(const QSqlDatabase &db)
-        : names(db), first(db), byNumber(db), next(db), previous(db), byName(db), vehicles(db),
+        : names(db), first(db), byNumber(db), nextSame(db), next(db), previousSame(db), previous(db), byName(db), vehicles(db),
           vehicleCount(db), lastCustomer(db), lastVehicle(db), insertCustomer(db), insertVehicle(db),
           updateCustomer(db), updateVehicle(db), deleteVehiclesOf(db), deleteCustomer(db),
           deleteVehicle(db)
@@ -100,13 +100,19 @@ struct CustomerStore::Queries
                            .arg(kCustomers));
         prepare(first, selectCustomer + QStringLiteral("ORDER BY %1 LIMIT 1").arg(kCustomerOrder));
         prepare(byNumber, selectCustomer + QStringLiteral("WHERE \"KNo\" = ?"));
+        // Moving on is two index searches: the same number value with a later text, else
+        // the next value (a row-value comparison over the expressions would scan the table).
+        prepare(nextSame, selectCustomer
+                              + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) = CAST(? AS INTEGER) AND \"KNo\" > ? "
+                                               "ORDER BY %1 LIMIT 1").arg(kCustomerOrder));
         prepare(next, selectCustomer
-                          + QStringLiteral("WHERE (CAST(\"KNo\" AS INTEGER), \"KNo\") > (CAST(? AS INTEGER), ?) "
-                                           "ORDER BY %1 LIMIT 1")
+                          + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) > CAST(? AS INTEGER) ORDER BY %1 LIMIT 1")
                                 .arg(kCustomerOrder));
+        prepare(previousSame, selectCustomer
+                                  + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) = CAST(? AS INTEGER) AND \"KNo\" < ? "
+                                                   "ORDER BY %1 LIMIT 1").arg(kCustomerOrderDesc));
         prepare(previous, selectCustomer
-                              + QStringLiteral("WHERE (CAST(\"KNo\" AS INTEGER), \"KNo\") < (CAST(? AS INTEGER), ?) "
-                                               "ORDER BY %1 LIMIT 1")
+                              + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) < CAST(? AS INTEGER) ORDER BY %1 LIMIT 1")
                                     .arg(kCustomerOrderDesc));
         prepare(byName, selectCustomer + QStringLiteral("WHERE \"Namae\" = ? ORDER BY %1 LIMIT 1").arg(kCustomerOrder));
         prepare(vehicles, QStringLiteral("SELECT %1 FROM %2 WHERE \"KNo\" = ? ORDER BY %3")
@@ -136,7 +142,7 @@ struct CustomerStore::Queries
     }
 
     QString prepareError;
-    QSqlQuery names, first, byNumber, next, previous, byName, vehicles, vehicleCount, lastCustomer,
+    QSqlQuery names, first, byNumber, nextSame, next, previousSame, previous, byName, vehicles, vehicleCount, lastCustomer,
         lastVehicle, insertCustomer, insertVehicle, updateCustomer, updateVehicle, deleteVehiclesOf,
         deleteCustomer, deleteVehicle;
 };
@@ -222,18 +228,24 @@ std::optional<Customer> CustomerStore::customer(const QString &kno)
     return readOneCustomer(m_q->byNumber);
 }
 
+std::optional<Customer> CustomerStore::neighbour(QSqlQuery &same, QSqlQuery &other, const QString &kno)
+{
+    same.bindValue(0, kno);
+    same.bindValue(1, kno);
+    if (std::optional<Customer> found = readOneCustomer(same))
+        return found;
+    other.bindValue(0, kno);
+    return readOneCustomer(other);
+}
+
 std::optional<Customer> CustomerStore::nextCustomer(const QString &kno)
 {
-    m_q->next.bindValue(0, kno);
-    m_q->next.bindValue(1, kno);
-    return readOneCustomer(m_q->next);
+    return neighbour(m_q->nextSame, m_q->next, kno);
 }
 
 std::optional<Customer> CustomerStore::previousCustomer(const QString &kno)
 {
-    m_q->previous.bindValue(0, kno);
-    m_q->previous.bindValue(1, kno);
-    return readOneCustomer(m_q->previous);
+    return neighbour(m_q->previousSame, m_q->previous, kno);
 }
 
 std::optional<Customer> CustomerStore::findFirstByName(const QString &name)

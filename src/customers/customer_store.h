@@ -81,6 +81,7 @@ public:
 
 private:
     std::optional<Customer> readOneCustomer(QSqlQuery &query);
+    std::optional<Customer> neighbour(QSqlQuery &same, QSqlQuery &other, const QString &kno);
     std::optional<int> nextNumberOf(QSqlQuery &query, const QString &what);
     bool insertCustomer(const Customer &customer);
     bool insertVehicle(const Vehicle &vehicle);

@@ -233,12 +233,15 @@ TEST(CustomerStore, NavigationFollowsNumberValue)
 {
     CustomerFixture x;
     x.clear();
-    for (const char *kno : {"10", "2", "9", "1"})
+    for (const char *kno : {"10", "2", "9", "1", "09"})
         x.addCustomer(kno, kno);
     QStringList order;
     for (std::optional<Customer> c = x.store->firstCustomer(); c; c = x.store->nextCustomer((*c)[CustomerField::KNo]))
         order.append((*c)[CustomerField::KNo]);
-    EXPECT_EQ(order, (QStringList{"1", "2", "9", "10"}));
+    EXPECT_EQ(order, (QStringList{"1", "2", "09", "9", "10"})); // equal values: by text
+    const std::optional<Customer> sameValue = x.store->previousCustomer(QStringLiteral("9"));
+    ASSERT_TRUE(sameValue);
+    EXPECT_EQ((*sameValue)[CustomerField::KNo], QStringLiteral("09"));
     const std::optional<Customer> before = x.store->previousCustomer(QStringLiteral("10"));
     ASSERT_TRUE(before);
     EXPECT_EQ((*before)[CustomerField::KNo], QStringLiteral("9"));
