@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStringListModel>
+#include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -72,9 +73,14 @@ void setTextOf(QWidget *w, const QString &text)
 
 void setEditable(QWidget *w, bool editable)
 {
-    if (auto *edit = qobject_cast<QLineEdit *>(w))
-        edit->setReadOnly(!editable);
-    else
+    if (auto *edit = qobject_cast<QLineEdit *>(w)) {
+        if (edit->isReadOnly() == editable) {
+            edit->setReadOnly(!editable);
+            // The style sheet's read-only look follows the property only after a re-polish.
+            edit->style()->unpolish(edit);
+            edit->style()->polish(edit);
+        }
+    } else
         w->setEnabled(editable);
 }
 
@@ -93,6 +99,8 @@ FrmKokyaku::FrmKokyaku(Session &session, Messages &messages, CustomerStore &stor
 {
     setObjectName(QStringLiteral("frmKokyaku"));
     setWindowTitle(QStringLiteral("顧客情報"));
+    // A closed block looks closed: its boxes take the window's colour.
+    setStyleSheet(QStringLiteral("QLineEdit[readOnly=\"true\"] { background: palette(window); }"));
     buildUi();
     m_w->cboMeka->addItems(m_settings.makers());
     m_w->cboIroSyurui->addItems(m_settings.paintKinds());
