@@ -432,12 +432,17 @@ DeleteOutcome CustomerStore::deleteCustomer(const QString &kno)
 
 bool CustomerStore::deleteVehicle(const QString &sno)
 {
+    db::TransactionGuard guard(m_db);
+    if (!guard.started())
+        return fail(m_db.lastError().text());
     QSqlQuery &q = m_q->deleteVehicle;
     q.bindValue(0, sno);
     if (!q.exec())
         return failQuery(q);
     if (q.numRowsAffected() != 1)
         return fail(QStringLiteral("車輌番号 %1 のデータが見つかりません。").arg(sno));
+    if (!guard.commit())
+        return fail(m_db.lastError().text());
     return true;
 }
 

@@ -324,3 +324,19 @@ TEST(FrmKokyaku, NoNewCustomerPastTheLastSixteenBitNumber)
     EXPECT_TRUE(x.find<QLineEdit>("txtNamae")->isReadOnly());
     EXPECT_EQ(x.customers(), customers);
 }
+
+TEST(FrmKokyaku, FailedCustomerDeleteIsReportedAndChangesNothing)
+{
+    ScreenFixture x;
+    x.open();
+    x.search(QStringLiteral("江藤　美咲"));
+    x.store->setBetweenDeletesHook([] { return false; });
+    x.messages.answer(Answer::Yes);
+    x.click("cmdDel");
+    ASSERT_EQ(x.messages.shown.size(), 2); // the question, then the failure
+    EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::Critical);
+    EXPECT_TRUE(x.hasCustomer("4"));
+    EXPECT_TRUE(x.hasVehicle("5"));
+    EXPECT_EQ(x.text("txtKNo"), QStringLiteral("4"));
+    EXPECT_EQ(x.find<QLabel>("lbl1")->text(), QStringLiteral("車輌データの台数は 1 台です。"));
+}
