@@ -5,6 +5,7 @@ namespace est::app {
 void wireSubsystems(AppContext &context)
 {
     wireSheetExtras(context);
+    wireCustomers(context);
 }
 
 } // namespace est::app

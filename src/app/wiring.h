@@ -10,5 +10,8 @@ void wireSubsystems(AppContext &context);
 
 // Slip numbers and date, own company, non-taxable items.
 void wireSheetExtras(AppContext &context);
+// Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
+// the settings hub.
+void wireCustomers(AppContext &context);
 
 } // namespace est::app

@@ -108,6 +108,19 @@ TEST(Startup, CancelUnloadsEverything)
     EXPECT_FALSE(c.start->isVisible());
 }
 
+TEST(SettingsHub, ButtonsWithoutAScreenStayDisabled)
+{
+    app::FrmSetting hub;
+    int opened = 0;
+    hub.setScreen("Command4", [&] { ++opened; });
+    for (const char *name : {"Command1", "Command2", "Command3", "Command5", "Command6", "Command7", "Command9",
+                             "Command10", "Command11", "cmdPaintSisu", "cmdKokyakuSet", "cmdKaniSet", "cmdExp"})
+        EXPECT_FALSE(hub.button(name)->isEnabled()) << name;
+    hub.button("Command4")->click();
+    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(hub.button("cmdExit")->isEnabled());
+}
+
 TEST(Splash, ShowsVersionAndClosesByTimer)
 {
     EXPECT_EQ(app::FrmSp::versionText(), QStringLiteral("ﾊﾞｰｼﾞｮﾝ 0.1.0"));
