@@ -7,5 +7,6 @@
 namespace est::app {
 
 void wireSubsystems(AppContext &context);
+void wireWorkItems(AppContext &context);
 
 } // namespace est::app
