@@ -30,7 +30,7 @@ std::int32_t toInt32(const QVariant &value)
 }
 
 // The indexes that keep the three lists instant on large catalogues: classifications are
-// read by a skip over (BNum, 分類), sections from (BNum, KNum, 区分) and parts from
+// sought along (BNum, 分類), sections along (BNum, KNum, 区分) and parts read from
 // (BNum, KNum, Num, 部品名) without touching the table itself.
 QStringList indexStatements(const QString &table)
 {
@@ -178,31 +178,102 @@ std::unique_ptr<CatalogueTable> CatalogueTable::open(const QSqlDatabase &databas
     return t;
 }
 
-QString CatalogueTable::prepareAll()
+CatalogueTable::DistinctPairs::DistinctPairs(const QSqlDatabase &db)
+    : m_first(db), m_sameFirst(db), m_sameFirstAfterNull(db), m_nextFirst(db), m_nextFirstAfterNull(db)
 {
-    const QString t = db::quoteIdentifier(m_table);
-    // Classifications: the grouping of BNum and 分類, found by stepping from one pair to the next
-    // along the (BNum, 分類) index, so a catalogue of any size answers in a few index probes.
-    // The pairs come out in the order a grouping yields them; no ORDER BY is applied to the list.
-    const QString classes = QStringLiteral(
-        "WITH RECURSIVE g(BNum, Name) AS ("
-        " SELECT * FROM (SELECT \"BNum\", \"分類\" FROM %1 ORDER BY \"BNum\", \"分類\" LIMIT 1)"
-        " UNION ALL"
-        " SELECT (SELECT \"BNum\" FROM %1 WHERE (\"BNum\", \"分類\") > (g.BNum, g.Name)"
-        "         ORDER BY \"BNum\", \"分類\" LIMIT 1),"
-        "        (SELECT \"分類\" FROM %1 WHERE (\"BNum\", \"分類\") > (g.BNum, g.Name)"
-        "         ORDER BY \"BNum\", \"分類\" LIMIT 1)"
-        " FROM g WHERE g.BNum IS NOT NULL)"
-        " SELECT BNum, Name FROM g WHERE BNum IS NOT NULL").arg(t);
+}
+
+QString CatalogueTable::DistinctPairs::prepare(const QString &table, const QString &prefix, const QString &first,
+                                               const QString &second)
+{
+    m_hasPrefix = !prefix.isEmpty();
+    const QString t = db::quoteIdentifier(table);
+    const QString a = db::quoteIdentifier(first);
+    const QString b = db::quoteIdentifier(second);
+    const QString where = m_hasPrefix ? db::quoteIdentifier(prefix) + QStringLiteral(" = ? AND ") : QString();
+    const QString order = QStringLiteral(" ORDER BY %1, %2 LIMIT 1").arg(a, b);
     struct Statement
     {
         QSqlQuery *query;
         QString text;
     };
     const Statement statements[] = {
-        {&m_classifications, classes},
-        {&m_sections, QStringLiteral("SELECT DISTINCT \"BNum\", \"KNum\", \"区分\" FROM %1 WHERE \"BNum\" = ? "
-                                     "ORDER BY \"KNum\"").arg(t)},
+        {&m_first, QStringLiteral("SELECT %1, %2 FROM %3 %4").arg(a, b, t,
+                                                                 m_hasPrefix ? QStringLiteral("WHERE ") + where.chopped(5)
+                                                                             : QString()) + order},
+        {&m_sameFirst, QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4%1 = ? AND %2 > ?").arg(a, b, t, where) + order},
+        {&m_sameFirstAfterNull,
+         QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4%1 = ? AND %2 IS NOT NULL").arg(a, b, t, where) + order},
+        {&m_nextFirst, QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4%1 > ?").arg(a, b, t, where) + order},
+        {&m_nextFirstAfterNull,
+         QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4%1 IS NOT NULL").arg(a, b, t, where) + order},
+    };
+    for (const Statement &s : statements) {
+        s.query->setForwardOnly(true);
+        if (!s.query->prepare(s.text))
+            return s.query->lastError().text();
+    }
+    return {};
+}
+
+bool CatalogueTable::DistinctPairs::fetch(QSqlQuery &query, const QVariant &prefixValue, const QVariantList &values,
+                                          QVariant *a, QVariant *b)
+{
+    int i = 0;
+    if (m_hasPrefix)
+        query.bindValue(i++, prefixValue);
+    for (const QVariant &v : values)
+        query.bindValue(i++, v);
+    const bool found = query.exec() && query.next();
+    if (found) {
+        *a = query.value(0);
+        *b = query.value(1);
+    }
+    query.finish();
+    return found;
+}
+
+QList<std::pair<QVariant, QVariant>> CatalogueTable::DistinctPairs::run(const QVariant &prefixValue)
+{
+    // NULLs sort first and group together, as a GROUP BY over the same columns would have them.
+    QList<std::pair<QVariant, QVariant>> pairs;
+    QVariant a, b;
+    if (!fetch(m_first, prefixValue, {}, &a, &b))
+        return pairs;
+    for (;;) {
+        pairs.append({a, b});
+        QVariant na, nb;
+        const bool sameFirst = b.isNull() ? fetch(m_sameFirstAfterNull, prefixValue, {a}, &na, &nb)
+                                          : fetch(m_sameFirst, prefixValue, {a, b}, &na, &nb);
+        if (!sameFirst) {
+            const bool next = a.isNull() ? fetch(m_nextFirstAfterNull, prefixValue, {}, &na, &nb)
+                                         : fetch(m_nextFirst, prefixValue, {a}, &na, &nb);
+            if (!next)
+                break;
+        }
+        a = na;
+        b = nb;
+    }
+    return pairs;
+}
+
+QString CatalogueTable::prepareAll()
+{
+    const QString t = db::quoteIdentifier(m_table);
+    // Classifications are what "GROUP BY BNum, 分類" yields and sections what "DISTINCT BNum,
+    // KNum, 区分 WHERE BNum = ? ORDER BY KNum" yields; both are read by seeking along their
+    // index, so the lists take a few probes per entry however many parts the catalogue holds.
+    QString problem = m_classifications.prepare(m_table, QString(), QStringLiteral("BNum"), QStringLiteral("分類"));
+    if (problem.isEmpty())
+        problem = m_sections.prepare(m_table, QStringLiteral("BNum"), QStringLiteral("KNum"), QStringLiteral("区分"));
+    if (!problem.isEmpty())
+        return problem;
+    struct Statement
+    {
+        QSqlQuery *query;
+        QString text;
+    };
+    const Statement statements[] = {
         {&m_parts, QStringLiteral("SELECT \"Num\", \"部品名\" FROM %1 WHERE \"BNum\" = ? AND \"KNum\" = ? "
                                   "ORDER BY \"Num\"").arg(t)},
         {&m_rows, QStringLiteral("SELECT rowid, \"Num\", \"BNum\", \"分類\", \"KNum\", \"区分\", \"部品名\" "
@@ -220,23 +291,16 @@ QString CatalogueTable::prepareAll()
 QList<Classification> CatalogueTable::classifications()
 {
     QList<Classification> list;
-    if (!m_classifications.exec())
-        return list;
-    while (m_classifications.next())
-        list.append({toInt16(m_classifications.value(0)), m_classifications.value(1).toString()});
-    m_classifications.finish();
+    for (const auto &[bnum, name] : m_classifications.run())
+        list.append({toInt16(bnum), name.toString()});
     return list;
 }
 
 QList<Section> CatalogueTable::sections(std::int16_t bnum)
 {
     QList<Section> list;
-    m_sections.bindValue(0, bnum);
-    if (!m_sections.exec())
-        return list;
-    while (m_sections.next())
-        list.append({toInt16(m_sections.value(0)), toInt16(m_sections.value(1)), m_sections.value(2).toString()});
-    m_sections.finish();
+    for (const auto &[knum, name] : m_sections.run(QVariant(int(bnum))))
+        list.append({bnum, toInt16(knum), name.toString()});
     return list;
 }
 

@@ -8,6 +8,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QVariant>
 #include <cstdint>
 #include <memory>
 
@@ -119,13 +120,31 @@ public:
     QString renamePart(qint64 rowId, const QString &partName);
     QString deletePart(qint64 rowId);
 
+    // The distinct (first, second) pairs of two indexed columns, in index order, found by
+    // seeking from one pair to the next instead of reading every row. `prefix` optionally
+    // fixes a leading column of the index ("BNum" for the sections of one classification).
+    class DistinctPairs
+    {
+    public:
+        DistinctPairs(const QSqlDatabase &db);
+        QString prepare(const QString &table, const QString &prefix, const QString &first, const QString &second);
+        QList<std::pair<QVariant, QVariant>> run(const QVariant &prefixValue = QVariant());
+
+    private:
+        bool fetch(QSqlQuery &query, const QVariant &prefixValue, const QVariantList &values, QVariant *a,
+                   QVariant *b);
+        bool m_hasPrefix = false;
+        QSqlQuery m_first, m_sameFirst, m_sameFirstAfterNull, m_nextFirst, m_nextFirstAfterNull;
+    };
+
 private:
     CatalogueTable(QSqlDatabase database, QString table);
     QString prepareAll();
 
     QSqlDatabase m_db;
     QString m_table;
-    QSqlQuery m_classifications, m_sections, m_parts, m_rows, m_last;
+    DistinctPairs m_classifications, m_sections;
+    QSqlQuery m_parts, m_rows, m_last;
 };
 
 } // namespace est::workitems

@@ -90,13 +90,15 @@ TEST_F(CatalogueFixture, ClassificationsSectionsAndPartsOfTheTree)
 
 TEST_F(CatalogueFixture, ClassificationListFollowsTheGroupingOfItsRows)
 {
-    // A hand-made table whose rows are out of order and where one number carries two names.
+    // A hand-made table whose rows are out of order, where one number carries two names and
+    // where a number and a name are missing.
     ASSERT_EQ(connections.openCatalogue(QStringLiteral("Toyota")), QString());
     QSqlDatabase db = connections.catalogue();
     ASSERT_EQ(createCatalogueTable(db, QStringLiteral("T_Test")), QString());
     QSqlQuery q(db);
     ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO T_Test VALUES (1,3,'C',1,'c1','x'),(1,1,'A',2,'a2','y'),"
-                                      "(2,3,'C',1,'c1','z'),(1,2,'B',1,'b1','w'),(1,1,'A2',1,'a1','v')")));
+                                      "(2,3,'C',1,'c1','z'),(1,2,'B',1,'b1','w'),(1,1,'A2',1,'a1','v'),"
+                                      "(1,NULL,'N',1,'n','q'),(2,2,NULL,1,'b1','r')")));
     auto table = CatalogueTable::open(db, QStringLiteral("T_Test"));
     ASSERT_TRUE(table);
     const auto classes = table->classifications();
@@ -108,9 +110,17 @@ TEST_F(CatalogueFixture, ClassificationListFollowsTheGroupingOfItsRows)
     ASSERT_TRUE(grouped.exec(QStringLiteral("SELECT BNum, 分類 FROM T_Test GROUP BY BNum, 分類")));
     QStringList expected;
     while (grouped.next())
-        expected << grouped.value(0).toString() + grouped.value(1).toString();
+        expected << QString::number(grouped.value(0).toInt()) + grouped.value(1).toString();
     EXPECT_EQ(names, expected);
-    EXPECT_EQ(names, (QStringList{"1A", "1A2", "2B", "3C"}));
+    EXPECT_EQ(names, (QStringList{"0N", "1A", "1A2", "2", "2B", "3C"}));
+
+    // Sections likewise against DISTINCT ... ORDER BY KNum.
+    ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO T_Test VALUES (1,1,'A',2,'a2b','s'),(3,1,'A',1,'a1','u'),"
+                                      "(1,1,'A',NULL,'a0','t')")));
+    QStringList sections;
+    for (const auto &s : table->sections(1))
+        sections << QString::number(s.knum) + s.name;
+    EXPECT_EQ(sections, (QStringList{"0a0", "1a1", "2a2", "2a2b"}));
 }
 
 TEST_F(CatalogueFixture, NewNumbersAndAnApostropheInAPartName)
