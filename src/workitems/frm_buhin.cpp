@@ -91,12 +91,14 @@ void FrmBuhin::buildUi()
     m_lblKubun = valueLabel(QStringLiteral("lblKubun"), this);
     m_lblNum = valueLabel(QStringLiteral("lblNum"), this);
     m_txtBuhin = named(new QLineEdit(this), QStringLiteral("txtBuhin"));
+    m_lblBunrui->setMinimumWidth(130);
+    m_lblKubun->setMinimumWidth(150);
     const std::pair<const char *, QWidget *> fields[] = {
         {"分類No", m_lblBNum}, {"分類", m_lblBunrui}, {"区分No", m_lblKNum},
         {"区分", m_lblKubun},  {"No", m_lblNum},      {"部品名", m_txtBuhin}};
     for (const auto &[caption, widget] : fields) {
         labels->addWidget(new QLabel(QString::fromUtf8(caption), this));
-        labels->addWidget(widget, widget == m_txtBuhin ? 3 : 1);
+        labels->addWidget(widget, widget == m_txtBuhin ? 4 : 1);
     }
     layout->addLayout(labels);
 

@@ -149,8 +149,17 @@ void FrmSakusei::buildUi()
     w.txtBKo = named(new QLineEdit(input), "txtBKo");
     w.lblBKei = valueLabel("lblBKei", input);
     w.lblNum = valueLabel("lblNum", input);
-    for (QLineEdit *e : {w.txtSisu, w.txtKoutin, w.txtBTan, w.txtBKo})
+    for (QLineEdit *e : {w.txtSisu, w.txtKoutin, w.txtBTan, w.txtBKo}) {
         e->setAlignment(Qt::AlignRight);
+        e->setMaximumWidth(90);
+    }
+    for (QLabel *l : {w.lblKKei, w.lblBKei, w.lblNum})
+        l->setMaximumWidth(90);
+    w.txtBKo->setMaximumWidth(50);
+    w.cboBui->setMinimumWidth(110);
+    w.cboSagyo->setMinimumWidth(80);
+    w.txtBuhin->setMinimumWidth(240);
+    w.txtBuhinT->setMinimumWidth(150);
     const std::pair<const char *, QWidget *> cells[] = {
         {"No", w.lblGNo},      {"部位", w.cboBui},        {"部品名", w.txtBuhin},  {"部品番号・その他", w.txtBuhinT},
         {"作業", w.cboSagyo},  {"指数", w.txtSisu},        {"工賃", w.txtKoutin},  {"工賃計", w.lblKKei},
@@ -164,6 +173,7 @@ void FrmSakusei::buildUi()
     }
     grid->setColumnStretch(2, 3);
     grid->setColumnStretch(3, 2);
+    grid->setColumnStretch(int(std::size(cells)), 1);
     layout->addWidget(input);
 
     auto *rowButtons = new QHBoxLayout;
