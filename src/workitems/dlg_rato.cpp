@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "workitems/numeric_keys.h"
 #include "workitems/rate_settings.h"
+#include "workitems/text_box.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -46,6 +47,7 @@ DlgRato::DlgRato(Session &session, Messages &messages, std::function<void()> cho
     m_rate->setObjectName(QStringLiteral("txtRato"));
     m_rate->setAlignment(Qt::AlignRight);
     new ui::KeyFilter(m_rate, numericKeyRule(false), messages);
+    selectAllOnFocus(m_rate);
     if (session.labourRate != 0)
         m_rate->setText(QString::number(session.labourRate));
 

@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "uikit/key_filter.h"
 #include "workitems/numeric_keys.h"
+#include "workitems/text_box.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -238,6 +239,8 @@ void FrmSakusei::buildUi()
     new ui::KeyFilter(w.txtBTan, numericKeyRule(true), messages());
     new ui::KeyFilter(w.txtBKo, numericKeyRule(true), messages());
     w.txtSisu->installEventFilter(this);
+    for (QLineEdit *e : {w.txtRato, w.txtSisu, w.txtKoutin, w.txtBTan, w.txtBKo})
+        selectAllOnFocus(e);
 
     connect(w.dlstB, &QListWidget::currentRowChanged, this, &FrmSakusei::classificationChosen);
     connect(w.dlstK, &QListWidget::currentRowChanged, this, &FrmSakusei::sectionChosen);

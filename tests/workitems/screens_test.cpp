@@ -8,6 +8,7 @@
 #include "workitems/frm_new_meka.h"
 #include "workitems/frm_sakusei.h"
 #include "workitems/maker_name_list.h"
+#include "workitems/text_box.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -666,6 +667,34 @@ TEST_F(FolderFixture, MakerNameEditorNumbersFromOneOnAnEmptyList)
     find<QPushButton>(&editor, "cmdDel")->click();
     EXPECT_EQ(messages.lastText(), QStringLiteral("削除します。\nこのデータは失われます。\nよろしいですか？"));
     EXPECT_EQ(grid->rowCount(), 1);
+}
+
+} // namespace
+
+namespace {
+
+TEST(TextBox, SelectAllTextAndFormatTwoDecimals)
+{
+    QLineEdit box;
+    box.setText(QStringLiteral("1234"));
+    box.setCursorPosition(2);
+    selectAllText(&box);
+    EXPECT_EQ(box.selectedText(), QStringLiteral("1234"));
+    EXPECT_EQ(box.selectionStart(), 0);
+
+    struct Case
+    {
+        const char *typed;
+        const char *shown;
+    };
+    for (const Case c : {Case{"1.5", "1.50"}, Case{".5", "0.50"}, Case{"12", "12.00"}, Case{"0", "0.00"},
+                         Case{"1.006", "1.01"}, Case{"", ""}, Case{"abc", "abc"}}) {
+        box.setText(QString::fromUtf8(c.typed));
+        box.setCursorPosition(0);
+        formatTwoDecimals(&box);
+        EXPECT_EQ(box.text(), QString::fromUtf8(c.shown)) << c.typed;
+        EXPECT_EQ(box.cursorPosition(), box.text().size()) << c.typed;
+    }
 }
 
 } // namespace
