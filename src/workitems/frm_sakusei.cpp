@@ -6,7 +6,7 @@
 #include "workitems/text_box.h"
 
 #include <QComboBox>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -381,8 +381,12 @@ void FrmSakusei::recomputeLabour()
 
 bool FrmSakusei::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_w->txtSisu && event->type() == QEvent::FocusOut)
-        indexLeft();
+    // Switching to another window or opening a popup does not leave the field.
+    if (watched == m_w->txtSisu && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            indexLeft();
+    }
     return GuardedDialog::eventFilter(watched, event);
 }
 
