@@ -33,11 +33,13 @@ void wireWorkItems(AppContext &context)
     QObject::connect(c->sheet, &sheet::FrmMitumori::openRequested, c->sheet, [c, choice](sheet::SheetButton b) {
         if (b != sheet::SheetButton::WorkItems)
             return;
+        // The catalogue may have to be chosen first; that dialog must not sit under the wait window.
+        const bool catalogueOpen = choice->openCatalogueDb(c->sheet);
         std::unique_ptr<workitems::FrmSakusei> editor;
         {
             ui::WaitScope wait(c->wait);
             std::unique_ptr<workitems::CatalogueTable> table;
-            if (choice->openCatalogueDb(c->sheet))
+            if (catalogueOpen)
                 table = choice->currentTable();
             editor = std::make_unique<workitems::FrmSakusei>(c->session, c->messages, std::move(table), c->sheet);
         }

@@ -157,6 +157,29 @@ TEST(WorkItemsWiring, WorkItemReachesTheSheetAndItsTotals)
     EXPECT_EQ(sheetLabel(c, "lblSkei"), QStringLiteral("32,190"));
 }
 
+TEST(WorkItemsWiring, WithoutACatalogueTheEditorAsksForOneFirst)
+{
+    AppFixture x;
+    app::AppContext &c = x.context();
+    c.start->button("cmdSin")->click();
+    whenModal("dlgCarType", [](QDialog *carType) {
+        child<QListWidget>(carType, "dlstMeka")->setCurrentRow(2);
+        child<QListWidget>(carType, "dlstType")->setCurrentRow(1);
+        whenModal("frmSakusei", [](QDialog *editor) {
+            EXPECT_EQ(editor->windowTitle(), QStringLiteral("作業作成 - ホンダ/ミニバン"));
+            EXPECT_GE(child<QListWidget>(editor, "dlstB")->count(), 4);
+            child<QPushButton>(editor, "cmdCancel")->click();
+        });
+        child<QPushButton>(carType, "OKButton")->click();
+    });
+    child<QPushButton>(c.sheet, "cmdSakusei")->click();
+    ASSERT_FALSE(x.messages.shown.isEmpty());
+    EXPECT_EQ(x.messages.shown.first().text,
+              QStringLiteral("部品データの選択条件がありません。条件を選択してください。"));
+    EXPECT_EQ(x.session.makerDb, QStringLiteral("Honda"));
+    EXPECT_TRUE(x.session.rows.isEmpty());
+}
+
 TEST(WorkItemsWiring, SettingsButtonsOpenTheCatalogueAndMakerEditors)
 {
     AppFixture x;
