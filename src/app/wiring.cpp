@@ -2,9 +2,12 @@
 
 namespace est::app {
 
+// The order matters: each subsystem appends its steps to the new-estimate chain
+// (file name, then date, then labour rate).
 void wireSubsystems(AppContext &context)
 {
     wireSheetExtras(context);
+    wireWorkItems(context);
     wireCustomers(context);
 }
 

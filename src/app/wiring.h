@@ -7,6 +7,7 @@
 namespace est::app {
 
 void wireSubsystems(AppContext &context);
+void wireWorkItems(AppContext &context);
 
 // Slip numbers and date, own company, non-taxable items.
 void wireSheetExtras(AppContext &context);

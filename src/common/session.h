@@ -119,6 +119,10 @@ struct Session
     // Parts catalogue choice.
     QString maker;
     QString vehicleType;
+    // The chosen maker's catalogue file (DBName) and vehicle type's table (TName);
+    // maker and vehicleType above are their names as shown.
+    QString makerDb;
+    QString typeTable;
 
     // Customer and vehicle hand-over arrays.
     QStringList customer = QStringList(18);

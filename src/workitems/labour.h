@@ -1,0 +1,43 @@
+#pragma once
+// The arithmetic of one work item: labour from index and rate, the part total, and the
+// texts of the numeric input fields.
+
+#include "common/messages.h"
+#include "common/money.h"
+
+#include <QString>
+#include <cstdint>
+#include <optional>
+
+namespace est::workitems {
+
+// The shop's rounding as the rate dialog set it.
+struct Rounding
+{
+    std::int16_t digits = 0; // 0 none, 1 ones, 2 tens
+    std::int16_t mode = 1;   // 1 half up, 2 up, 3 down
+};
+
+// Labour of one row: index × rate to whole yen (nearest, ties to even), then the shop's
+// rounding when digits is not 0. Empty when the index text is not a number or the product
+// leaves the 32-bit range.
+std::optional<Yen> labourFromIndex(const QString &indexText, std::int16_t rate, Rounding rounding,
+                                   Messages &messages);
+
+// Part total of one row: unit price × quantity to whole yen (nearest, ties to even), never
+// subject to the shop's rounding. Empty when either text is blank or not a number, or on overflow.
+std::optional<Yen> partTotal(const QString &unitPriceText, const QString &quantityText);
+
+// What the numeric fields keep of a text: digits (full-width ones become ASCII) and the first
+// decimal point when `allowPoint`. Letters and signs typed or pasted are dropped.
+QString filterNumericText(const QString &text, bool allowPoint = true);
+
+// The index as shown once the field is left: "#.00", with a "0" put in front of a leading
+// point so that one half reads "0.50". A blank or unreadable text stays as it is.
+QString reformatIndex(const QString &text);
+
+// Reads a labour rate text as a 16-bit rate: empty when blank, not a whole number, negative
+// or above 32,767.
+std::optional<std::int16_t> parseRate(const QString &text);
+
+} // namespace est::workitems
