@@ -4,7 +4,7 @@ namespace est::app {
 
 void wireSubsystems(AppContext &context)
 {
-    Q_UNUSED(context);
+    wireWorkbook(context);
 }
 
 } // namespace est::app

@@ -8,4 +8,7 @@ namespace est::app {
 
 void wireSubsystems(AppContext &context);
 
+// Estimate workbooks: the file-name and open dialogs, saving from the sheet, the template.
+void wireWorkbook(AppContext &context);
+
 } // namespace est::app

@@ -329,6 +329,7 @@ void readNonTaxable(const CellReader &d, Session &s)
         items.amounts.append(parseDisplayedYen(d.text(kFirstNonTaxable + j, N)).value_or(0));
     }
     items.count = std::int16_t(upper + 1);
+    s.figures.nonTaxable = formatThousands(items.sum);
 }
 
 void readPaintSheet(const CellReader &p, Session &s)

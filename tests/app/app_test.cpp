@@ -46,6 +46,7 @@ TEST(Startup, NewEstimateShowsTheSheetWithStateOne)
     AppFixture x;
     app::AppContext &c = x.controller.context();
     int stepsRun = 0;
+    c.newEstimateSteps.clear();   // the controller alone, without the subsystems' dialogs
     c.newEstimateSteps.append([&] {
         ++stepsRun;
         EXPECT_EQ(x.session.sheetState, SheetState::NewStarted);
@@ -61,6 +62,7 @@ TEST(Startup, CancelledNewEstimateReturnsToStart)
 {
     AppFixture x;
     app::AppContext &c = x.controller.context();
+    c.newEstimateSteps.clear();
     c.newEstimateSteps.append([] { return false; });
     c.start->button("cmdSin")->click();
     EXPECT_FALSE(c.sheet->isVisible());
