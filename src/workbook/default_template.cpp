@@ -1,6 +1,7 @@
 #include "workbook/default_template.h"
 
 #include "common/estimate_row.h"
+#include "workbook/workbook.h"
 
 #include <QDir>
 #include <QFile>
@@ -336,13 +337,20 @@ bool writeDefaultTemplate(const QString &path, QString *error)
             *error = QString::fromUtf8(lxw_strerror(result));
         return false;
     }
-    QFile::remove(path);
-    if (!QFile::rename(temporary, path)) {
+    // The writer stores a result of 0 with every formula; without results, spreadsheet
+    // programs compute the print sheets from the data when they open an estimate.
+    try {
+        auto book = Workbook::open(temporary);
+        for (const char *name : kPrintSheets)
+            book->sheet(QString::fromUtf8(name))->clearFormulaResults();
+        book->save(path);
+    } catch (const WorkbookError &e) {
         QFile::remove(temporary);
         if (error)
-            *error = QStringLiteral("cannot rename %1").arg(temporary);
+            *error = e.detail();
         return false;
     }
+    QFile::remove(temporary);
     return true;
 }
 

@@ -1010,6 +1010,21 @@ QString Worksheet::numberFormat(int row, int column) const
     return d->book->formatOfXf(node ? node.attribute("s").as_int(0) : 0);
 }
 
+void Worksheet::clearFormulaResults()
+{
+    for (const Impl::RowEntry &r : d->rows) {
+        for (const Impl::CellEntry &c : r.cells) {
+            if (!childElement(c.node, "f"))
+                continue;
+            pugi::xml_node node = c.node;
+            while (pugi::xml_node v = childElement(node, "v"))
+                node.remove_child(v);
+            node.remove_attribute("t");
+            d->dirty = true;
+        }
+    }
+}
+
 // ---- workbook ----------------------------------------------------------------------------
 
 Workbook::Workbook(std::unique_ptr<Impl> impl) : d(std::move(impl)) {}

@@ -100,6 +100,11 @@ public:
     // The cell's number format code ("General" when it has none).
     QString numberFormat(int row, int column) const;
 
+    // Drops the cached results of the sheet's formulas, so that every spreadsheet program
+    // computes them when it opens the workbook (some trust cached results over a request
+    // to recalculate).
+    void clearFormulaResults();
+
     struct Impl;   // internal
 
 private:

@@ -20,7 +20,7 @@ public:
         static const QString pieces[] = {
             QStringLiteral("見積"), QStringLiteral("　"), QStringLiteral("ﾊﾞﾝﾊﾟｰ"), QStringLiteral("0012"),
             QStringLiteral("A"), QStringLiteral(" "), QStringLiteral("<&>"), QStringLiteral("\"'"),
-            QStringLiteral("ﾄﾞｱ"), QStringLiteral("7"), QStringLiteral("_x"), QStringLiteral("-"),
+            QStringLiteral("ﾄﾞｱ"), QStringLiteral("7"), QStringLiteral("_"), QStringLiteral("-"),
             QStringLiteral("右フロント"), QStringLiteral("1.5"), QStringLiteral("株式会社"), QStringLiteral("z"),
         };
         QString out;
