@@ -43,8 +43,14 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     m_dirs->setHeaderHidden(true);
     m_files = new QListWidget(this);
     m_files->setObjectName(QStringLiteral("File1"));
-    lists->addWidget(m_dirs, 1);
-    lists->addWidget(m_files, 2);
+    auto *dirBox = new QVBoxLayout;
+    dirBox->addWidget(new QLabel(QStringLiteral("フォルダ"), this));
+    dirBox->addWidget(m_dirs);
+    auto *fileBox = new QVBoxLayout;
+    fileBox->addWidget(new QLabel(QStringLiteral("見積ファイル"), this));
+    fileBox->addWidget(m_files);
+    lists->addLayout(dirBox, 1);
+    lists->addLayout(fileBox, 2);
     layout->addLayout(lists);
 
     auto *root = new QTreeWidgetItem(m_dirs, {QDir(folder).dirName()});

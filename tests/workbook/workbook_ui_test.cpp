@@ -251,6 +251,7 @@ TEST(Program, SavesAndReopensAnEstimateThroughItsScreens)
     ASSERT_TRUE(c.sheet->isVisible());
     c.sheet->findChild<QLineEdit *>(QStringLiteral("txtName"))->setText(QStringLiteral("山田太郎"));
     session.rows = test::fullEstimate().rows.mid(0, 3);
+    session.totals.workTotalA = 12345;
     c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
     const QString path = QDir(estimatesFolder(folder.path())).filePath(QStringLiteral("240105ABC.xlsx"));
     ASSERT_TRUE(QFileInfo::exists(path)) << messages.lastText().toStdString();
@@ -266,7 +267,42 @@ TEST(Program, SavesAndReopensAnEstimateThroughItsScreens)
     c.start->button("cmdHen")->click();
     ASSERT_TRUE(c.sheet->isVisible());
     EXPECT_EQ(c.sheet->findChild<QLineEdit *>(QStringLiteral("txtName"))->text(), QStringLiteral("山田太郎"));
+    EXPECT_EQ(c.sheet->findChild<QLabel *>(QStringLiteral("lblSkei"))->text(), QStringLiteral("12,345"));
+    EXPECT_EQ(c.sheet->findChild<QLabel *>(QStringLiteral("lblGokei"))->text(), QStringLiteral("12,345"));
     EXPECT_EQ(session.rows.size(), 3);
     EXPECT_TRUE(session.editExisting);
     EXPECT_EQ(session.fileName, QStringLiteral("240105ABC.xlsx"));
+}
+
+// "終了" on a new estimate, answered Yes: the file-name dialog, then the workbook.
+TEST(Program, EndingANewEstimateAsksForANameAndSaves)
+{
+    test::TempAppFolder folder;
+    Session session;
+    test::ScriptedMessages messages;
+    test::FixedClock clock(QDate(2024, 1, 5));
+    app::AppController controller(session, messages, clock, folder.path());
+    controller.start(0);
+    app::AppContext &c = controller.context();
+    session.sheetState = SheetState::NewStarted;
+    session.header.customerName = QStringLiteral("終了時");
+    messages.answer(Answer::Yes);
+    onDialog("dlgFname", [](QWidget *d) {
+        d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("END"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(messages.shown.first().text, QStringLiteral("ファイルを保存しますか？"));
+    Session back;
+    ASSERT_TRUE(openEstimateWorkbook(back, messages, folder.path(), QStringLiteral("240105END.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("終了時"));
+
+    // An opened estimate is written over its workbook.
+    session.editExisting = true;
+    session.header.customerName = QStringLiteral("上書き");
+    messages.answer(Answer::Yes);
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(messages.shown.last().text, QStringLiteral("ファイルを上書き保存しますか？"));
+    ASSERT_TRUE(openEstimateWorkbook(back, messages, folder.path(), QStringLiteral("240105END.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("上書き"));
 }
