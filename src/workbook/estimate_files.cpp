@@ -100,19 +100,28 @@ bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &a
     WaitGuard wait(hooks);
     session.sheetState = SheetState::NameChosen;
     QString reason;
+    bool templateBroken = false;
     try {
         if (!QDir().mkpath(folder))
             throw WorkbookError(ErrorKind::WriteFailed, folder);
         QString templateError;
         if (!ensureTemplate(appFolder, &templateError))
             throw WorkbookError(ErrorKind::WriteFailed, templateError);
-        auto book = Workbook::open(templatePath(appFolder));
-        writeEstimate(*book, session);
+        std::unique_ptr<Workbook> book;
+        try {
+            book = Workbook::open(templatePath(appFolder));
+            writeEstimate(*book, session);
+        } catch (const WorkbookError &) {
+            templateBroken = true;
+            throw;
+        }
         book->save(target, hooks.fault);
         session.workbookPath = target;
         return true;
     } catch (const WorkbookError &e) {
-        reason = describeError(e);
+        // A broken template is named, so that the shop can replace it.
+        reason = templateBroken ? QStringLiteral("見積書のひな形（temp/newfile.xlsx）を読み込めません。\n") + describeError(e)
+                                : describeError(e);
     } catch (const std::exception &e) {
         reason = QString::fromUtf8(e.what());
     }

@@ -306,3 +306,20 @@ TEST(Program, EndingANewEstimateAsksForANameAndSaves)
     ASSERT_TRUE(openEstimateWorkbook(back, messages, folder.path(), QStringLiteral("240105END.xlsx")));
     EXPECT_EQ(back.header.customerName, QStringLiteral("上書き"));
 }
+
+TEST(SaveEstimate, BrokenTemplateIsNamedAndNothingIsWritten)
+{
+    Fixture x;
+    QDir().mkpath(x.folder.file(QStringLiteral("temp")));
+    QFile broken(x.folder.file(QStringLiteral("temp/newfile.xlsx")));
+    broken.open(QIODevice::WriteOnly);
+    broken.write("PK broken");
+    broken.close();
+    x.session.fileName = QStringLiteral("240105T.xlsx");
+    x.session.editExisting = true;
+    EXPECT_FALSE(x.store.save());
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("ファイル名　240105T.xlsxを保存できませんでした。\n"
+                                                    "見積書のひな形（temp/newfile.xlsx）を読み込めません。\n"
+                                                    "Excel形式（.xlsx）のブックではありません。"));
+    EXPECT_FALSE(QFileInfo::exists(x.saved(x.session.fileName)));
+}
