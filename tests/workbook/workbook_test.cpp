@@ -338,6 +338,14 @@ INSTANTIATE_TEST_SUITE_P(
                                         "</sheetData></worksheet><broken");
                    },
                    ErrorKind::Damaged},
+        BadPackage{"TooManyParts",
+                   [] {
+                       test::Parts parts = test::minimalWorkbook({{QStringLiteral("D"), ""}});
+                       for (int i = 0; i < 2100; ++i)
+                           parts.append({QStringLiteral("junk/%1.bin").arg(i), QByteArray("x")});
+                       return test::zipParts(parts);
+                   },
+                   ErrorKind::TooLarge},
         BadPackage{"HugeRowNumber", [] { return withSheetData("<row r=\"99999999999\"><c><v>1</v></c></row>"); },
                    ErrorKind::Damaged},
         BadPackage{"HugeColumn", [] { return withSheetData("<row r=\"1\"><c r=\"ZZZZ1\"><v>1</v></c></row>"); },
