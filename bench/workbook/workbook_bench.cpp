@@ -7,6 +7,7 @@
 
 #include "sample_estimate.h"
 #include "workbook/default_template.h"
+#include "workbook/estimate_files.h"
 #include "workbook/estimate_layout.h"
 
 #include <QCoreApplication>
@@ -54,11 +55,8 @@ Files &files()
 void BM_SaveFullEstimate(benchmark::State &state)
 {
     Files &f = files();
-    for (auto _ : state) {
-        auto book = Workbook::open(f.templ);
-        writeEstimate(*book, f.estimate);
-        book->save(f.target);
-    }
+    for (auto _ : state)
+        writeEstimateWorkbook(f.templ, f.estimate, f.target);
     state.counters["peak_MB"] = double(peakKb() - g_baseKb) / 1024.0;
 }
 BENCHMARK(BM_SaveFullEstimate)->Unit(benchmark::kMillisecond);

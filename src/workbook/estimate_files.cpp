@@ -75,6 +75,24 @@ QString describeError(const WorkbookError &error)
     return QString();
 }
 
+void writeEstimateWorkbook(const QString &templateFile, const Session &session, const QString &target,
+                           const SaveFault &fault, bool *templateBroken)
+{
+    std::unique_ptr<Workbook> book;
+    try {
+        book = Workbook::open(templateFile);
+        writeEstimate(*book, session);
+        // A template saved by a spreadsheet program keeps the results of its last
+        // calculation; without them the print sheets show this estimate's values.
+        book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});
+    } catch (const WorkbookError &) {
+        if (templateBroken)
+            *templateBroken = true;
+        throw;
+    }
+    book->save(target, fault);
+}
+
 bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &appFolder, const SaveHooks &hooks)
 {
     const QString folder = estimatesFolder(appFolder);
@@ -107,15 +125,7 @@ bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &a
         QString templateError;
         if (!ensureTemplate(appFolder, &templateError))
             throw WorkbookError(ErrorKind::WriteFailed, templateError);
-        std::unique_ptr<Workbook> book;
-        try {
-            book = Workbook::open(templatePath(appFolder));
-            writeEstimate(*book, session);
-        } catch (const WorkbookError &) {
-            templateBroken = true;
-            throw;
-        }
-        book->save(target, hooks.fault);
+        writeEstimateWorkbook(templatePath(appFolder), session, target, hooks.fault, &templateBroken);
         session.workbookPath = target;
         return true;
     } catch (const WorkbookError &e) {

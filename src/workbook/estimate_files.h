@@ -27,6 +27,11 @@ bool ensureTemplate(const QString &appFolder, QString *error = nullptr);
 // Why a workbook could not be written or read, for the user.
 QString describeError(const WorkbookError &error);
 
+// Writes the estimate into a workbook made from the template and saves it at the target
+// (atomically). Throws WorkbookError; `templateBroken` tells whether the template was at fault.
+void writeEstimateWorkbook(const QString &templateFile, const Session &session, const QString &target,
+                           const SaveFault &fault = {}, bool *templateBroken = nullptr);
+
 struct SaveHooks
 {
     std::function<void()> showWait;   // the wait dialog, while the workbook is written

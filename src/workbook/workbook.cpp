@@ -1082,6 +1082,18 @@ Worksheet *Workbook::sheet(const QString &name)
     return nullptr;
 }
 
+void Workbook::clearFormulaResults(const QStringList &exceptSheets)
+{
+    for (auto &info : d->sheets) {
+        if (info.part.isEmpty() || exceptSheets.contains(info.name))
+            continue;
+        // A cheap look at the text first: most sheets have no cached results to drop.
+        if (!info.sheet && !d->read(info.part).contains("</f><v"))
+            continue;
+        sheet(info.name)->clearFormulaResults();
+    }
+}
+
 QByteArray Workbook::toBytes(const SaveFault &fault)
 {
     return d->build(fault);

@@ -126,6 +126,11 @@ public:
     // The worksheet of that name (exact comparison), or nullptr.
     Worksheet *sheet(const QString &name);
 
+    // Drops the cached formula results of every worksheet except those named, so that the
+    // formulas are computed afresh when the workbook is opened. Sheets whose formulas carry
+    // no results are left as they are (and stay byte-identical).
+    void clearFormulaResults(const QStringList &exceptSheets = {});
+
     // The package as it would be saved.
     QByteArray toBytes(const SaveFault &fault = {});
     // Writes the package to the path: a temporary file beside it, then a rename, so the

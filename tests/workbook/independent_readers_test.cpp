@@ -225,3 +225,28 @@ TEST(LibreOffice, AWorkbookSavedAgainByLibreOfficeStillOpens)
     for (int i = 0; i < expected.size(); ++i)
         EXPECT_EQ(actual.at(i).toStdString(), expected.at(i).toStdString());
 }
+
+// A shop restyles its template in LibreOffice, which stores the results of every formula:
+// estimates saved from it must still show their own values, not the template's.
+TEST(LibreOffice, ATemplateSavedByLibreOfficeStillShowsEachEstimate)
+{
+    if (soffice().isEmpty())
+        GTEST_SKIP() << "LibreOffice is not installed";
+    test::TempAppFolder folder;
+    ASSERT_TRUE(ensureTemplate(folder.path()));
+    QTemporaryDir restyled;
+    ASSERT_EQ(convert(templatePath(folder.path()), QStringLiteral("xlsx:Calc Office Open XML"), restyled.path()).size(), 1);
+    QFile::remove(templatePath(folder.path()));
+    ASSERT_TRUE(QFile::copy(QDir(restyled.path()).filePath(QStringLiteral("newfile.xlsx")), templatePath(folder.path())));
+
+    Session s = sampleEstimate();
+    s.header.customerName = QStringLiteral("再保存ひな形");
+    const QString path = saveEstimate(folder, s);
+    QTemporaryDir out;
+    convert(path, QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,false,false,-1"),
+            out.path());
+    const auto main = readCsv(QDir(out.path()).filePath(QStringLiteral("240105全項目-PrintMainA.csv")));
+    ASSERT_GT(main.size(), 5);
+    EXPECT_EQ(main.at(4).at(0), QStringLiteral("再保存ひな形　様"));
+    EXPECT_EQ(main.at(15).at(2), s.rows.at(0)[ColPart]);
+}
