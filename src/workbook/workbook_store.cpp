@@ -6,6 +6,7 @@
 #include "workbook/estimate_files.h"
 
 #include <QApplication>
+#include <QDir>
 
 namespace est::workbook {
 
@@ -29,6 +30,7 @@ bool WorkbookStore::askFileName()
 
 bool WorkbookStore::askOpen()
 {
+    QDir().mkpath(estimatesFolder(m_appFolder));
     DlgOpen dialog(
         estimatesFolder(m_appFolder),
         [this](const QString &name) { return openEstimateWorkbook(m_session, m_messages, m_appFolder, name); },

@@ -179,6 +179,23 @@ TEST(Package, CalculationChainIsDropped)
     EXPECT_EQ(cellInt32(Workbook::fromBytes(saved)->sheet(QStringLiteral("D"))->value(1, 1)), 2);
 }
 
+TEST(Package, StaleFormulaResultsAreDroppedOutsideTheDataSheets)
+{
+    const QByteArray withResult = "<row r=\"1\"><c r=\"A1\" t=\"str\"><f>D!A1&amp;\"\"</f><v>old</v></c></row>";
+    const QByteArray plain = "<row r=\"1\"><c r=\"A1\"><v>5</v></c></row>";
+    const QByteArray original = test::zipParts(test::minimalWorkbook(
+        {{QStringLiteral("Print"), withResult}, {QStringLiteral("Other"), plain}, {QStringLiteral("D"), withResult}}));
+    auto book = Workbook::fromBytes(original);
+    book->clearFormulaResults({QStringLiteral("D")});
+    const QByteArray saved = book->toBytes();
+    const QByteArray print = partOf(saved, QStringLiteral("xl/worksheets/sheet1.xml"));
+    EXPECT_TRUE(print.contains("<c r=\"A1\"><f>D!A1&amp;\"\"</f></c>")) << print.constData();
+    EXPECT_EQ(test::rawEntry(saved, QStringLiteral("xl/worksheets/sheet2.xml")),
+              test::rawEntry(original, QStringLiteral("xl/worksheets/sheet2.xml")));
+    EXPECT_EQ(test::rawEntry(saved, QStringLiteral("xl/worksheets/sheet3.xml")),
+              test::rawEntry(original, QStringLiteral("xl/worksheets/sheet3.xml")));
+}
+
 // Values as other programs store them: shared strings with runs and phonetic guides,
 // formula results, booleans as formulas, implied addresses, prefixed element names.
 TEST(Reading, ValuesInTheShapesOtherProgramsWrite)
