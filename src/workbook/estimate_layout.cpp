@@ -88,7 +88,7 @@ void writeHeader(Worksheet &d, const Session &s)
     const QStringList &kinds = sheet::documentKinds();
     const bool company = !h.customerCompany.trimmed().isEmpty();
     const auto rate = parseDisplayedNumber(f.discountRate);
-    const auto wholeRate = rate ? roundToInt16(*rate) : std::nullopt;
+    const std::int16_t wholeRate = rate ? roundToInt16(*rate).value_or(0) : std::int16_t(0);
     const auto taxRate = parseDisplayedNumber(at(s.company, 11));
 
     d.setText(1, A, s.slipNumber);
@@ -115,11 +115,11 @@ void writeHeader(Worksheet &d, const Session &s)
     d.setInt32(2, B, s.totals.labour);
     d.setInt32(2, C, s.totals.parts);
     d.setInt32(2, D, s.totals.paintTotalB);
-    d.setBool(2, E, wholeRate && *wholeRate > 0);
+    d.setBool(2, E, wholeRate > 0);
     d.setInt32(2, F, yenOf(f.advance));
     d.setInt16(2, H, s.roundDigits);
     d.setInt16(2, I, s.roundMode);
-    d.setInt16(2, J, wholeRate.value_or(0));
+    d.setInt16(2, J, wholeRate);
     d.setInt16(2, K, taxRate ? roundToInt16(*taxRate).value_or(0) : std::int16_t(0));
     d.setText(2, L, h.memo);
     d.setText(2, M, s.estimateDate);
