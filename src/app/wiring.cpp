@@ -6,6 +6,7 @@ namespace est::app {
 // (file name, then date, then labour rate).
 void wireSubsystems(AppContext &context)
 {
+    wireWorkbook(context);
     wireSheetExtras(context);
     wireWorkItems(context);
     wireCustomers(context);

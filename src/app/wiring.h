@@ -7,10 +7,13 @@
 namespace est::app {
 
 void wireSubsystems(AppContext &context);
-void wireWorkItems(AppContext &context);
 
+// Saving and opening estimate workbooks: dlgFname, dlgOpen, the sheet's store, the template.
+void wireWorkbook(AppContext &context);
 // Slip numbers and date, own company, non-taxable items.
 void wireSheetExtras(AppContext &context);
+// Labour rate in the new-estimate chain, the work item editor, catalogue and maker editors.
+void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);

@@ -5,6 +5,7 @@
 
 #include "common/estimate_row.h"
 #include "common/money.h"
+#include "common/paint_state.h"
 
 #include <QList>
 #include <QString>
@@ -99,6 +100,8 @@ struct Session
     QString fileNameText;
     // Full path of the workbook the estimate was last saved to or opened from.
     QString workbookPath;
+    // The estimate's workbook file name, "<yymmdd><text>.xlsx" (file-name dialog or open dialog).
+    QString fileName;
 
     EstimateHeader header;
     QList<EstimateRow> rows;   // work rows; rows[0] is row number 1 on the sheet
@@ -127,6 +130,11 @@ struct Session
     // Customer and vehicle hand-over arrays.
     QStringList customer = QStringList(18);
     QStringList vehicle = QStringList(19);
+
+    // Paint, bumper and additional-index state.
+    PaintState paint;
+    BumperState bumper;
+    AdditionalState additional;
 };
 
 } // namespace est

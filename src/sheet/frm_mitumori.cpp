@@ -511,6 +511,9 @@ void FrmMitumori::clearEstimate()
     m_session.figures = SheetFigures();
     m_session.figures.taxRate = taxRate;
     m_session.nonTaxable = NonTaxableItems();
+    m_session.paint = PaintState();
+    m_session.bumper = BumperState();
+    m_session.additional = AdditionalState();
     m_session.company = company;
     refresh();
 }

@@ -1,3 +1,4 @@
+#include "program_fixture.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
@@ -11,6 +12,9 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -20,19 +24,9 @@ using namespace est;
 
 namespace {
 
-struct AppFixture
+struct AppFixture : test::Program
 {
-    test::TempAppFolder folder;
-    Session session;
-    test::ScriptedMessages messages;
-    test::FixedClock clock;
-    test::ModalAnswerer dialogs;
-    app::AppController controller{session, messages, clock, folder.path()};
-    AppFixture()
-    {
-        dialogs.click("dlgDay", "OKButton");
-        controller.start(0);
-    }
+    AppFixture() { start(false); }
 };
 
 } // namespace
@@ -40,7 +34,7 @@ struct AppFixture
 TEST(Startup, StartDialogShownSheetLoadedHidden)
 {
     AppFixture x;
-    app::AppContext &c = x.controller.context();
+    app::AppContext &c = x.context();
     EXPECT_TRUE(c.start->isVisible());
     EXPECT_FALSE(c.sheet->isVisible());
     EXPECT_EQ(x.session.sheetState, SheetState::NotStarted);
@@ -53,8 +47,9 @@ TEST(Startup, StartDialogShownSheetLoadedHidden)
 TEST(Startup, NewEstimateShowsTheSheetWithStateOne)
 {
     AppFixture x;
-    app::AppContext &c = x.controller.context();
+    app::AppContext &c = x.context();
     int stepsRun = 0;
+    c.newEstimateSteps.clear();   // the controller alone, without the subsystems' dialogs
     c.newEstimateSteps.append([&] {
         ++stepsRun;
         EXPECT_EQ(x.session.sheetState, SheetState::NewStarted);
@@ -66,10 +61,56 @@ TEST(Startup, NewEstimateShowsTheSheetWithStateOne)
     EXPECT_FALSE(c.start->isVisible());
 }
 
+TEST(Startup, NewEstimateChainRunsFileNameDateAndRateInOrder)
+{
+    AppFixture x;
+    QStringList order;
+    for (const char *name : {"dlgFname", "dlgDay", "dlgRato"}) {
+        x.dialogs.on(name, [&order, name, &x](QWidget *d) {
+            order << QLatin1String(name);
+            if (order.size() == 1) {
+                d->findChild<QLineEdit *>("txtFname")->setText("ABC");
+                d->findChild<QPushButton *>("cmdOK")->click();
+            } else if (order.size() == 2) {
+                d->findChild<QPushButton *>("OKButton")->click();
+            } else {
+                d->findChild<QLineEdit *>("txtRato")->setText("6000");
+                d->findChild<QPushButton *>("OKButton")->click();
+            }
+            Q_UNUSED(x);
+        });
+    }
+    x.dialogs.on("dlgCarType", [](QWidget *d) { // no catalogue chosen yet: the rate dialog asks
+        d->findChild<QListWidget *>("dlstMeka")->setCurrentRow(0);
+        d->findChild<QListWidget *>("dlstType")->setCurrentRow(0);
+        d->findChild<QPushButton *>("OKButton")->click();
+    });
+    x.context().start->button("cmdSin")->click();
+    EXPECT_EQ(order, QStringList({"dlgFname", "dlgDay", "dlgRato"}));
+    EXPECT_EQ(x.dialogs.seen("dlgCarType"), 1);
+    EXPECT_TRUE(x.context().sheet->isVisible());
+    EXPECT_EQ(x.session.sheetState, SheetState::NameChosen);
+    EXPECT_EQ(x.session.slipNumber, "240105001");
+    EXPECT_EQ(x.session.labourRate, 6000);
+    EXPECT_EQ(x.sheetChild<QLabel>("lblHiduke")->text(), QStringLiteral("令和6年1月5日 / 240105001"));
+}
+
+TEST(Startup, CancelledFileNameReturnsToStart)
+{
+    AppFixture x;
+    x.dialogs.click("dlgFname", "cmdCancel");
+    x.context().start->button("cmdSin")->click();
+    EXPECT_EQ(x.dialogs.seen("dlgDay"), 0);
+    EXPECT_FALSE(x.context().sheet->isVisible());
+    EXPECT_TRUE(x.context().start->isVisible());
+    EXPECT_EQ(x.session.sheetState, SheetState::NotStarted);
+}
+
 TEST(Startup, CancelledNewEstimateReturnsToStart)
 {
     AppFixture x;
-    app::AppContext &c = x.controller.context();
+    app::AppContext &c = x.context();
+    c.newEstimateSteps.clear();
     c.newEstimateSteps.append([] { return false; });
     c.start->button("cmdSin")->click();
     EXPECT_FALSE(c.sheet->isVisible());
@@ -80,7 +121,7 @@ TEST(Startup, CancelledNewEstimateReturnsToStart)
 TEST(Startup, SettingsHubReturnsToStartWhenClosed)
 {
     AppFixture x;
-    app::AppContext &c = x.controller.context();
+    app::AppContext &c = x.context();
     c.start->button("cmdSetting")->click();
     EXPECT_TRUE(c.settings->isVisible());
     EXPECT_FALSE(c.start->isVisible());
@@ -99,9 +140,9 @@ TEST(Startup, SettingsHubReturnsToStartWhenClosed)
 TEST(Startup, CancelUnloadsEverything)
 {
     AppFixture x;
-    app::AppContext &c = x.controller.context();
+    app::AppContext &c = x.context();
     x.session.editExisting = true;
-    QSignalSpy unloaded(&x.controller, &app::AppController::allFormsUnloaded);
+    QSignalSpy unloaded(x.controller.get(), &app::AppController::allFormsUnloaded);
     c.start->button("CancelButton")->click();
     EXPECT_EQ(unloaded.count(), 1);
     EXPECT_FALSE(x.session.editExisting);

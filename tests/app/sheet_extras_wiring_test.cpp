@@ -1,3 +1,4 @@
+#include "program_fixture.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
@@ -23,28 +24,9 @@ namespace {
 
 // Starts the program on an empty application folder with a fixed "today"; the slip counter
 // store starts empty unless the test fills it first.
-struct Program
+struct Program : test::Program
 {
-    test::TempAppFolder folder;
-    Session session;
-    test::ScriptedMessages messages;
-    test::FixedClock clock{QDate(2024, 1, 5)};
-    test::ModalAnswerer dialogs;
-    std::unique_ptr<app::AppController> controller;
-
-    Program() { sheet::openSlipSettings()->clear(); }
-    ~Program()
-    {
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->objectName() == "frmKaisya" || w->objectName() == "frmHikazeiSetting")
-                w->close();
-    }
-    void start()
-    {
-        controller = std::make_unique<app::AppController>(session, messages, clock, folder.path());
-        controller->start(0);
-    }
-    app::AppContext &context() { return controller->context(); }
+    void start() { test::Program::start(false); }
     QString stored(const char *key) { return sheet::openSlipSettings()->value(key).toString(); }
     QString sheetLabel(const char *name)
     {
@@ -53,13 +35,6 @@ struct Program
     QPushButton *sheetButton(const char *name)
     {
         return context().sheet->findChild<QPushButton *>(QLatin1String(name));
-    }
-    QWidget *topLevel(const char *name)
-    {
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->objectName() == QLatin1String(name) && w->isVisible())
-                return w;
-        return nullptr;
     }
 };
 
@@ -116,7 +91,8 @@ TEST(SheetExtrasNewEstimate, DateDialogIssuesNumbersDayByDay)
     p.context().start->button("cmdSin")->click();
     EXPECT_EQ(p.dialogs.seen("dlgDay"), 1);
     EXPECT_TRUE(p.context().sheet->isVisible());
-    EXPECT_TRUE(p.session.rateDialogRequested);
+    EXPECT_EQ(p.dialogs.seen("dlgRato"), 1); // the date dialog asked for the rate dialog
+    EXPECT_FALSE(p.session.rateDialogRequested);
     EXPECT_EQ(p.sheetLabel("lblHiduke"), QStringLiteral("令和6年1月5日 / 240105001"));
     EXPECT_EQ(p.stored("DenpyoNo/DNo"), "001");
 
@@ -146,7 +122,8 @@ TEST(SheetExtrasNewEstimate, CancelReturnsToTheStartDialog)
     EXPECT_EQ(p.dialogs.seen("dlgDay"), 1);
     EXPECT_FALSE(p.context().sheet->isVisible());
     EXPECT_TRUE(p.context().start->isVisible());
-    EXPECT_EQ(p.session.sheetState, SheetState::NotStarted);
+    // The file name was chosen before the date dialog: only a state of 1 goes back to 0.
+    EXPECT_EQ(p.session.sheetState, SheetState::NameChosen);
     EXPECT_FALSE(p.session.rateDialogRequested);
     EXPECT_EQ(p.stored("DenpyoNo/DNo"), "000");
     EXPECT_TRUE(p.session.slipNumber.isEmpty());

@@ -1,3 +1,4 @@
+#include "program_fixture.h"
 #include "app/app_controller.h"
 #include "app/frm_setting.h"
 #include "fixed_clock.h"
@@ -14,19 +15,9 @@ using est::test::child;
 
 namespace {
 
-struct AppFixture
+struct AppFixture : test::Program
 {
-    test::TempAppFolder folder;
-    Session session;
-    test::ScriptedMessages messages;
-    test::FixedClock clock;
-    app::AppController controller{session, messages, clock, folder.path()};
-    AppFixture()
-    {
-        controller.start(0);
-        messages.clear(); // start-up asks about the missing company file; not this test's business
-    }
-    app::AppContext &context() { return controller.context(); }
+    AppFixture() { start(); }
 };
 
 } // namespace

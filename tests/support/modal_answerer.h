@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHash>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QWidget>
@@ -53,10 +54,18 @@ private:
             return;
         m_last = modal;
         ++m_seen[modal->objectName()];
-        (*action)(modal);
-        // A dialog object shown again later (exec() twice) counts as new once it has closed.
-        if (!modal->isVisible())
-            m_last = nullptr;
+        // Acted on from a fresh event, so a dialog that the action opens in turn (a nested
+        // exec()) is polled and answered too.
+        QPointer<QWidget> target(modal);
+        auto act = *action;
+        QTimer::singleShot(0, &m_timer, [this, target, act] {
+            if (!target)
+                return;
+            act(target);
+            // A dialog object shown again later (exec() twice) counts as new once it has closed.
+            if (target && !target->isVisible() && m_last == target)
+                m_last = nullptr;
+        });
     }
 
     QTimer m_timer;

@@ -1,3 +1,4 @@
+#include "program_fixture.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
@@ -22,15 +23,11 @@ using namespace est;
 
 namespace {
 
-struct AppFixture
+// The program with the new-estimate chain answered (file name, date; the rate dialog is
+// cancelled unless a test answers it).
+struct AppFixture : test::Program
 {
-    test::TempAppFolder folder;
-    Session session;
-    test::ScriptedMessages messages;
-    test::FixedClock clock;
-    app::AppController controller{session, messages, clock, folder.path()};
-    AppFixture() { controller.start(0); }
-    app::AppContext &context() { return controller.context(); }
+    AppFixture() { start(); }
 };
 
 // Drives the named modal dialog once its event loop runs (the wait window may process events
@@ -70,21 +67,16 @@ QString sheetLabel(app::AppContext &c, const char *name)
     return label ? label->text() : QStringLiteral("<none>");
 }
 
-TEST(WorkItemsWiring, RateDialogOnlyWhenRequestedThenCatalogueChoice)
+TEST(WorkItemsWiring, RateDialogFollowsTheDateDialogThenCatalogueChoice)
 {
     AppFixture x;
     app::AppContext &c = x.context();
-    // Without the date dialog's request the rate dialog does not open.
-    c.start->button("cmdSin")->click();
-    EXPECT_TRUE(c.sheet->isVisible());
-    EXPECT_EQ(x.session.labourRate, 0);
-    c.sheet->hide();
+    // Without the date dialog's request the rate step does nothing.
+    ASSERT_FALSE(x.session.rateDialogRequested);
+    EXPECT_TRUE(c.newEstimateSteps.last()());
+    EXPECT_EQ(x.dialogs.seen("dlgRato"), 0);
 
-    c.newEstimateSteps.prepend([&x] {
-        x.session.rateDialogRequested = true; // what the date dialog does for a new estimate
-        return true;
-    });
-    whenModal("dlgRato", [](QDialog *rato) {
+    x.dialogs.on("dlgRato", [](QWidget *rato) {
         child<QLineEdit>(rato, "txtRato")->setText(QStringLiteral("5000"));
         whenModal("dlgCarType", [](QDialog *carType) {
             child<QListWidget>(carType, "dlstMeka")->setCurrentRow(0);
@@ -94,6 +86,8 @@ TEST(WorkItemsWiring, RateDialogOnlyWhenRequestedThenCatalogueChoice)
         child<QPushButton>(rato, "OKButton")->click();
     });
     c.start->button("cmdSin")->click();
+    EXPECT_EQ(x.dialogs.seen("dlgDay"), 1);
+    EXPECT_EQ(x.dialogs.seen("dlgRato"), 1);
     EXPECT_TRUE(c.sheet->isVisible());
     EXPECT_FALSE(x.session.rateDialogRequested);
     EXPECT_EQ(x.session.labourRate, 5000);

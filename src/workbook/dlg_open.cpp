@@ -1,0 +1,105 @@
+#include "workbook/dlg_open.h"
+
+#include "workbook/estimate_files.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace est::workbook {
+
+namespace {
+
+constexpr int kFolderDepth = 4;
+
+void addFolders(QTreeWidgetItem *parent, const QString &path, int depth)
+{
+    if (depth <= 0)
+        return;
+    const QStringList names = QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString &name : names) {
+        auto *item = new QTreeWidgetItem(parent, {name});
+        item->setData(0, Qt::UserRole, QDir(path).filePath(name));
+        addFolders(item, QDir(path).filePath(name), depth - 1);
+    }
+}
+
+} // namespace
+
+DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidget *parent)
+    : ui::GuardedDialog(messages, parent), m_loader(std::move(loader))
+{
+    setObjectName(QStringLiteral("dlgOpen"));
+    setWindowTitle(QStringLiteral("見積ファイルを開く"));
+    auto *layout = new QVBoxLayout(this);
+    auto *lists = new QHBoxLayout;
+    m_dirs = new QTreeWidget(this);
+    m_dirs->setObjectName(QStringLiteral("Dir1"));
+    m_dirs->setHeaderHidden(true);
+    m_files = new QListWidget(this);
+    m_files->setObjectName(QStringLiteral("File1"));
+    auto *dirBox = new QVBoxLayout;
+    dirBox->addWidget(new QLabel(QStringLiteral("フォルダ"), this));
+    dirBox->addWidget(m_dirs);
+    auto *fileBox = new QVBoxLayout;
+    fileBox->addWidget(new QLabel(QStringLiteral("見積ファイル"), this));
+    fileBox->addWidget(m_files);
+    lists->addLayout(dirBox, 1);
+    lists->addLayout(fileBox, 2);
+    layout->addLayout(lists);
+
+    auto *root = new QTreeWidgetItem(m_dirs, {QDir(folder).dirName()});
+    root->setData(0, Qt::UserRole, folder);
+    addFolders(root, folder, kFolderDepth);
+    m_dirs->expandAll();
+    m_dirs->setCurrentItem(root);
+    showFolder(folder);
+
+    auto *buttons = new QDialogButtonBox(this);
+    QPushButton *ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    QPushButton *cancel = buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    layout->addWidget(buttons);
+
+    connect(m_dirs, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
+        if (item)
+            showFolder(item->data(0, Qt::UserRole).toString());
+    });
+    // Choosing a file (double-click or Enter) loads it like OK.
+    connect(m_files, &QListWidget::itemActivated, this, &DlgOpen::load);
+    connect(ok, &QPushButton::clicked, this, &DlgOpen::load);
+    connect(cancel, &QPushButton::clicked, this, &DlgOpen::cancelByButton);
+    resize(560, 360);
+}
+
+void DlgOpen::showFolder(const QString &path)
+{
+    m_files->clear();
+    m_files->addItems(QDir(path).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name));
+}
+
+void DlgOpen::load()
+{
+    QListWidgetItem *item = m_files->currentItem();
+    if (!item || !item->isSelected()) {
+        messages().inform(QStringLiteral("ファイルがありません。\n選択し直してください。"),
+                          QStringLiteral("ファイルがありません"), MessageIcon::Exclamation);
+        return;
+    }
+    const QString name = item->text();
+    if (name == kTemplateFileName) {
+        messages().inform(QStringLiteral(" このファイルは変更できません。\n変更すると、正しく印刷できない場合があります。"),
+                          QStringLiteral("警告！"), MessageIcon::Critical);
+        return;
+    }
+    if (m_loader && m_loader(name))
+        accept();
+}
+
+} // namespace est::workbook

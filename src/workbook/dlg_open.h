@@ -1,0 +1,34 @@
+#pragma once
+// dlgOpen: the folders (Dir1) and workbooks (File1) of the estimates folder; OK or choosing a
+// file loads the estimate through the loader the caller passes in.
+
+#include "uikit/guarded_dialog.h"
+
+#include <functional>
+
+class QListWidget;
+class QTreeWidget;
+
+namespace est::workbook {
+
+class DlgOpen : public ui::GuardedDialog
+{
+    Q_OBJECT
+public:
+    // The loader reads the named workbook into the estimate; true when it did.
+    using Loader = std::function<bool(const QString &fileName)>;
+
+    DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidget *parent = nullptr);
+
+    // OK: loads the selected file; the dialog closes once the estimate is read.
+    void load();
+
+private:
+    void showFolder(const QString &path);
+
+    Loader m_loader;
+    QTreeWidget *m_dirs;
+    QListWidget *m_files;
+};
+
+} // namespace est::workbook

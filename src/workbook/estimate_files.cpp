@@ -1,0 +1,169 @@
+#include "workbook/estimate_files.h"
+
+#include "db/app_folder.h"
+#include "workbook/default_template.h"
+#include "workbook/estimate_layout.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace est::workbook {
+
+namespace {
+
+const QString kSaveTitle = QStringLiteral("ファイルの保存");
+const QString kOpenTitle = QStringLiteral("ファイルを開く");
+
+struct WaitGuard
+{
+    const SaveHooks &hooks;
+    explicit WaitGuard(const SaveHooks &h) : hooks(h)
+    {
+        if (hooks.showWait)
+            hooks.showWait();
+    }
+    ~WaitGuard()
+    {
+        if (hooks.hideWait)
+            hooks.hideWait();
+    }
+};
+
+} // namespace
+
+QString estimateFileName(QDate today, const QString &text)
+{
+    return today.toString(QStringLiteral("yyMMdd")) + text + QStringLiteral(".xlsx");
+}
+
+QString estimatesFolder(const QString &appFolder)
+{
+    return db::resolve(appFolder, QStringLiteral("Mitsumori\\"));
+}
+
+QString templatePath(const QString &appFolder)
+{
+    return db::resolve(appFolder, QStringLiteral("temp\\newfile.xls"));
+}
+
+bool ensureTemplate(const QString &appFolder, QString *error)
+{
+    const QString path = templatePath(appFolder);
+    if (QFileInfo::exists(path))
+        return true;
+    return writeDefaultTemplate(path, error);
+}
+
+QString describeError(const WorkbookError &error)
+{
+    switch (error.kind()) {
+    case ErrorKind::FileMissing:
+        return QStringLiteral("ファイルが見つかりません。");
+    case ErrorKind::FileUnreadable:
+        return QStringLiteral("ファイルを読み取れません。");
+    case ErrorKind::NotAWorkbook:
+        return QStringLiteral("Excel形式（.xlsx）のブックではありません。");
+    case ErrorKind::TooLarge:
+        return QStringLiteral("ファイルが大きすぎます。");
+    case ErrorKind::Damaged:
+        return QStringLiteral("ブックの内容が壊れています。");
+    case ErrorKind::WriteFailed:
+        return QStringLiteral("ファイルに書き込めません。");
+    case ErrorKind::NotAnEstimate:
+        return QStringLiteral("見積書のデータ（シート「D」「P」）がないか、値が範囲外です。");
+    }
+    return QString();
+}
+
+void writeEstimateWorkbook(const QString &templateFile, const Session &session, const QString &target,
+                           const SaveFault &fault, bool *templateBroken)
+{
+    std::unique_ptr<Workbook> book;
+    try {
+        book = Workbook::open(templateFile);
+        writeEstimate(*book, session);
+        // A template saved by a spreadsheet program keeps the results of its last
+        // calculation; without them the print sheets show this estimate's values.
+        book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});
+    } catch (const WorkbookError &) {
+        if (templateBroken)
+            *templateBroken = true;
+        throw;
+    }
+    book->save(target, fault);
+}
+
+bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &appFolder, const SaveHooks &hooks)
+{
+    const QString folder = estimatesFolder(appFolder);
+    const QString target = db::joinPath(folder, session.fileName);
+    const QString shownName = session.fileName;
+
+    if (!session.editExisting && QFileInfo::exists(target)) {
+        if (session.sheetState >= SheetState::NameChosen) {
+            messages.inform(QStringLiteral("ファイル名　") + shownName + QStringLiteral("を保存します。"), kSaveTitle,
+                            MessageIcon::Question);
+        } else {
+            const Answer answer = messages.askYesNo(QStringLiteral("ファイル名　") + shownName +
+                                                        QStringLiteral("は既に存在しています。\n"
+                                                                       "既存のファイルを削除しますか？"),
+                                                    kSaveTitle, MessageIcon::Question);
+            if (answer != Answer::Yes)
+                return false;
+            // The old file is not deleted first: the finished workbook replaces it in one rename,
+            // so a failed save keeps it.
+        }
+    }
+
+    WaitGuard wait(hooks);
+    session.sheetState = SheetState::NameChosen;
+    QString reason;
+    bool templateBroken = false;
+    try {
+        if (!QDir().mkpath(folder))
+            throw WorkbookError(ErrorKind::WriteFailed, folder);
+        QString templateError;
+        if (!ensureTemplate(appFolder, &templateError))
+            throw WorkbookError(ErrorKind::WriteFailed, templateError);
+        writeEstimateWorkbook(templatePath(appFolder), session, target, hooks.fault, &templateBroken);
+        session.workbookPath = target;
+        return true;
+    } catch (const WorkbookError &e) {
+        // A broken template is named, so that the shop can replace it.
+        reason = templateBroken ? QStringLiteral("見積書のひな形（temp/newfile.xlsx）を読み込めません。\n") + describeError(e)
+                                : describeError(e);
+    } catch (const std::exception &e) {
+        reason = QString::fromUtf8(e.what());
+    }
+    messages.inform(QStringLiteral("ファイル名　") + shownName + QStringLiteral("を保存できませんでした。\n") + reason,
+                    kSaveTitle, MessageIcon::Critical);
+    return false;
+}
+
+bool openEstimateWorkbook(Session &session, Messages &messages, const QString &appFolder, const QString &fileName)
+{
+    const QString path = db::joinPath(estimatesFolder(appFolder), fileName);
+    if (!QFileInfo(path).isFile()) {
+        messages.inform(fileName + QStringLiteral("が存在しません。\nもう一度ファイルを確認してください。"), kOpenTitle,
+                        MessageIcon::Information);
+        return false;
+    }
+    QString reason;
+    try {
+        auto book = Workbook::open(path);
+        Session read = session;
+        readEstimate(*book, read);
+        read.fileName = fileName;
+        read.workbookPath = path;
+        session = std::move(read);
+        return true;
+    } catch (const WorkbookError &e) {
+        reason = describeError(e);
+    } catch (const std::exception &e) {
+        reason = QString::fromUtf8(e.what());
+    }
+    messages.inform(fileName + QStringLiteral("を開けませんでした。\n") + reason, kOpenTitle, MessageIcon::Critical);
+    return false;
+}
+
+} // namespace est::workbook

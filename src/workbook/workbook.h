@@ -1,0 +1,160 @@
+#pragma once
+// A small in-process editor of .xlsx workbooks: open a workbook, take a worksheet by name,
+// read and write typed cell values, give a cell a number format, save under a path.
+//
+// Everything the program does not touch (other sheets, styles, print settings, formulas,
+// pictures) is kept: untouched parts are copied without being recompressed. A saved
+// workbook asks spreadsheet programs to recalculate on load, so formula sheets that read
+// the written cells show fresh values. Saving is atomic (a temporary file beside the target,
+// then a rename). Reading is bounded: file size, part sizes and cell addresses are checked
+// before anything is inflated or allocated, and the XML parser expands no entities.
+//
+// Errors are reported by throwing WorkbookError.
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <variant>
+
+namespace est::workbook {
+
+enum class ErrorKind {
+    FileMissing,    // no file at the path
+    FileUnreadable, // the file could not be read
+    NotAWorkbook,   // not a zip package, or no workbook inside
+    TooLarge,       // the file or one of its parts exceeds the limits
+    Damaged,        // a part is missing or is not well-formed XML, or a cell address is invalid
+    WriteFailed,    // the target could not be written
+    NotAnEstimate,  // the sheets of an estimate are missing, or a count in them is out of range
+};
+
+class WorkbookError : public std::runtime_error
+{
+public:
+    WorkbookError(ErrorKind kind, const QString &detail);
+    ErrorKind kind() const { return m_kind; }
+    QString detail() const { return m_detail; }
+
+private:
+    ErrorKind m_kind;
+    QString m_detail;
+};
+
+// The value of an error cell ("#N/A", "#VALUE!" ...).
+struct CellErrorValue
+{
+    QString code;
+    bool operator==(const CellErrorValue &) const = default;
+};
+
+// A cell's value: nothing, text, number, boolean or error.
+using CellValue = std::variant<std::monostate, QString, double, bool, CellErrorValue>;
+
+// Conversions of a read value to the types the program stores, the way a spreadsheet macro
+// converts a cell: an empty cell is "", 0 or False; numeric text counts as its number;
+// integers round to nearest, ties to even. Empty optional: the value does not convert.
+QString cellText(const CellValue &value);
+std::optional<std::int16_t> cellInt16(const CellValue &value);
+std::optional<std::int32_t> cellInt32(const CellValue &value);
+std::optional<bool> cellBool(const CellValue &value);
+std::optional<double> cellNumber(const CellValue &value);
+
+struct Limits
+{
+    qint64 maxFileBytes = 32 * 1024 * 1024;  // the whole package
+    qint64 maxPartBytes = 8 * 1024 * 1024;   // one inflated XML part that is parsed
+    int maxEntries = 2000;                    // parts in the package
+};
+
+// Where a save may be made to fail in tests; the hook returns true to fail at that step.
+enum class SaveStep {
+    BuildPackage,   // composing the new package in memory (once per changed part and at the end)
+    OpenTemporary,  // creating the temporary file beside the target
+    Write,          // writing the package bytes (half are written before the failure)
+    Commit,         // renaming the temporary file over the target
+};
+using SaveFault = std::function<bool(SaveStep step, const QString &part)>;
+
+class Workbook;
+
+// One worksheet of an open workbook. Rows and columns count from 1 (A1 = row 1, column 1).
+class Worksheet
+{
+public:
+    ~Worksheet();
+    QString name() const;
+
+    CellValue value(int row, int column) const;
+
+    void setText(int row, int column, const QString &text);
+    void setInt16(int row, int column, std::int16_t number);
+    void setInt32(int row, int column, std::int32_t number);
+    void setBool(int row, int column, bool flag);
+    // Gives the cell a number format ("@" = text), keeping the rest of its style.
+    void setNumberFormat(int row, int column, const QString &format);
+    // The cell's number format code ("General" when it has none).
+    QString numberFormat(int row, int column) const;
+
+    // Drops the cached results of the sheet's formulas, so that every spreadsheet program
+    // computes them when it opens the workbook (some trust cached results over a request
+    // to recalculate).
+    void clearFormulaResults();
+
+    struct Impl;   // internal
+
+private:
+    friend class Workbook;
+    explicit Worksheet(std::unique_ptr<Impl> impl);
+    std::unique_ptr<Impl> d;
+};
+
+class Workbook
+{
+public:
+    // Opens the workbook at the path (read into memory; the file is not kept open).
+    static std::unique_ptr<Workbook> open(const QString &path, const Limits &limits = {});
+    // Opens a workbook held in memory.
+    static std::unique_ptr<Workbook> fromBytes(QByteArray bytes, const Limits &limits = {});
+    ~Workbook();
+
+    QStringList sheetNames() const;
+    // The worksheet of that name (exact comparison), or nullptr.
+    Worksheet *sheet(const QString &name);
+
+    // Drops the cached formula results of every worksheet except those named, so that the
+    // formulas are computed afresh when the workbook is opened. Sheets whose formulas carry
+    // no results are left as they are (and stay byte-identical).
+    void clearFormulaResults(const QStringList &exceptSheets = {});
+
+    // The package as it would be saved.
+    QByteArray toBytes(const SaveFault &fault = {});
+    // Writes the package to the path: a temporary file beside it, then a rename, so the
+    // previous file stays intact when anything fails.
+    void save(const QString &path, const SaveFault &fault = {});
+
+    struct Impl;   // internal
+
+private:
+    explicit Workbook(std::unique_ptr<Impl> impl);
+    std::unique_ptr<Impl> d;
+};
+
+// "A1" <-> (row, column); columns A..XFD, rows 1..1048576. Empty optional for a bad address.
+struct CellAddress
+{
+    int row = 0;
+    int column = 0;
+};
+std::optional<CellAddress> parseCellAddress(const QByteArray &text);
+QByteArray cellAddress(int row, int column);
+QByteArray columnLetters(int column);
+
+inline constexpr int kMaxRows = 1048576;
+inline constexpr int kMaxColumns = 16384;
+
+} // namespace est::workbook

@@ -1,0 +1,273 @@
+// The cells of an estimate workbook: every value where it belongs, with its type, and every
+// estimate read back unchanged.
+
+#include "package_builder.h"
+#include "sample_estimate.h"
+#include "workbook/default_template.h"
+#include "sheet/document_kind.h"
+#include "workbook/estimate_layout.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace est;
+using namespace est::workbook;
+
+namespace {
+
+QByteArray templateBytes()
+{
+    static const QByteArray bytes = [] {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
+        EXPECT_TRUE(writeDefaultTemplate(path));
+        QFile f(path);
+        f.open(QIODevice::ReadOnly);
+        return f.readAll();
+    }();
+    return bytes;
+}
+
+QByteArray saved(const Session &s)
+{
+    auto book = Workbook::fromBytes(templateBytes());
+    writeEstimate(*book, s);
+    return book->toBytes();
+}
+
+Session reread(const QByteArray &bytes, Session into = Session())
+{
+    auto book = Workbook::fromBytes(bytes);
+    readEstimate(*book, into);
+    return into;
+}
+
+void expectSameFields(const Session &expected, const Session &actual)
+{
+    const QStringList a = test::storedFields(expected);
+    const QStringList b = test::storedFields(actual);
+    ASSERT_EQ(a.size(), b.size());
+    for (int i = 0; i < a.size(); ++i)
+        ASSERT_EQ(a.at(i), b.at(i));
+}
+
+} // namespace
+
+TEST(EstimateRoundTrip, FullEstimateReadsBackUnchanged)
+{
+    const Session full = test::fullEstimate();
+    ASSERT_EQ(full.rows.size(), kMaxEstimateRows);
+    ASSERT_EQ(full.paint.rows.size(), 73);
+    expectSameFields(full, reread(saved(full)));
+}
+
+class RandomEstimates : public testing::TestWithParam<int>
+{
+};
+
+TEST_P(RandomEstimates, ReadBackUnchanged)
+{
+    for (int i = 0; i < 25; ++i) {
+        const std::uint32_t seed = std::uint32_t(GetParam() * 1000 + i);
+        SCOPED_TRACE(seed);
+        const Session s = test::randomEstimate(seed);
+        expectSameFields(s, reread(saved(s)));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEstimates, testing::Range(1, 9));
+
+TEST(EstimateCells, TypesAndAddresses)
+{
+    Session s = test::fullEstimate(7);
+    s.company[10] = QStringLiteral("0012");
+    s.header.customerCompany = QStringLiteral("株式会社テスト");
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    Worksheet *p = book->sheet(QStringLiteral("P"));
+    EXPECT_EQ(d->value(3, 11), CellValue(QStringLiteral("0012")));
+    EXPECT_EQ(d->numberFormat(3, 11), QStringLiteral("@"));
+    EXPECT_EQ(d->numberFormat(3, 10), QStringLiteral("General"));
+    EXPECT_EQ(d->value(1, 1), CellValue(s.slipNumber));
+    EXPECT_EQ(d->value(1, 2), CellValue(sheet::documentKinds().at(s.header.documentKind)));
+    EXPECT_EQ(d->value(1, 3), CellValue(QStringLiteral("御中")));
+    EXPECT_EQ(d->value(1, 12), CellValue(true));
+    EXPECT_EQ(d->value(1, 13), CellValue(double(s.totals.workTotalA)));
+    EXPECT_EQ(d->value(2, 1), CellValue(double(kMaxEstimateRows - 1)));
+    EXPECT_EQ(d->value(2, 7), CellValue(std::monostate{}));   // G2 is never written
+    EXPECT_EQ(d->value(8, 12), CellValue(98.0));
+    EXPECT_EQ(d->value(8, 13), CellValue(true));
+    EXPECT_EQ(d->value(8, 14), CellValue(double(s.nonTaxable.sum)));
+    EXPECT_EQ(d->value(10, 12), CellValue(QStringLiteral("1")));
+    EXPECT_EQ(d->value(10, 13), CellValue(s.nonTaxable.names.at(0)));
+    EXPECT_EQ(d->value(6, 1), CellValue(s.rows.at(0)[ColNo]));
+    EXPECT_EQ(d->value(399, 11), CellValue(s.rows.at(393)[ColHidden]));
+    // Column L of the rows is left alone by the row writer (L8 is the non-taxable count).
+    for (int row : {6, 7, 9})
+        EXPECT_EQ(d->value(row, 12), CellValue(std::monostate{})) << row;
+    EXPECT_EQ(p->value(1, 1), CellValue(QStringLiteral("バンパ")));
+    EXPECT_EQ(p->value(1, 2), CellValue(true));
+    EXPECT_EQ(p->value(12, 2), CellValue(73.0));
+    EXPECT_EQ(p->value(12, 7), CellValue(true));
+    for (int c = 1; c <= 11; ++c) {
+        EXPECT_EQ(p->value(11, c), p->value(16, c)) << c;
+        EXPECT_EQ(p->value(11, c), CellValue(s.paint.lines.at(c - 1))) << c;
+    }
+    for (int row : {13, 14, 15, 17})
+        for (int c = 1; c <= 11; ++c)
+            EXPECT_EQ(p->value(row, c), CellValue(std::monostate{})) << row << "," << c;
+    EXPECT_EQ(p->value(18, 3), CellValue(s.paint.rows.at(0)[ColPart]));
+}
+
+TEST(EstimateCells, EmptyListsStillWriteTheirCounts)
+{
+    Session s;
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    EXPECT_EQ(d->value(2, 1), CellValue(-1.0));
+    EXPECT_EQ(d->value(8, 12), CellValue(-1.0));
+    EXPECT_EQ(d->value(8, 13), CellValue(false));
+    EXPECT_EQ(d->value(8, 14), CellValue(0.0));
+    EXPECT_EQ(d->value(10, 12), CellValue(std::monostate{}));
+    expectSameFields(reread(saved(s)), reread(saved(reread(saved(s)))));
+}
+
+TEST(EstimateCells, OneNonTaxableItemWritesRowTen)
+{
+    Session s;
+    s.nonTaxable.names = {QStringLiteral("印紙代")};
+    s.nonTaxable.amounts = {200};
+    s.nonTaxable.count = 1;
+    s.nonTaxable.sum = 200;
+    s.nonTaxable.present = true;
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    EXPECT_EQ(d->value(8, 12), CellValue(0.0));
+    EXPECT_EQ(d->value(10, 13), CellValue(QStringLiteral("印紙代")));
+    EXPECT_EQ(d->value(10, 14), CellValue(QStringLiteral("200")));
+    EXPECT_EQ(d->value(11, 13), CellValue(std::monostate{}));
+}
+
+// What reading does to the texts of a workbook changed by hand.
+struct Reformat
+{
+    const char *cell;     // sheet D
+    CellValue stored;
+    int row, column;      // where the value lands: rows[row][column], or vehicle[9] for row -1
+    const char *expected;
+};
+
+class Reformatting : public testing::TestWithParam<Reformat>
+{
+};
+
+TEST_P(Reformatting, AppliesTheColumnFormat)
+{
+    const Reformat &r = GetParam();
+    Session s;
+    s.rows = {EstimateRow()};
+    auto book = Workbook::fromBytes(saved(s));
+    const auto address = parseCellAddress(r.cell);
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    if (const QString *text = std::get_if<QString>(&r.stored))
+        d->setText(address->row, address->column, *text);
+    else
+        d->setInt32(address->row, address->column, std::int32_t(std::get<double>(r.stored)));
+    const Session back = reread(book->toBytes());
+    const QString actual = r.row < 0 ? back.vehicle.at(9) : back.rows.at(r.row).at(size_t(r.column));
+    EXPECT_EQ(actual, QString::fromUtf8(r.expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cells, Reformatting,
+    testing::Values(Reformat{"F6", CellValue(QStringLiteral("1.5")), 0, ColIndex, "1.50"},
+                    Reformat{"F6", CellValue(2.0), 0, ColIndex, "2.00"},
+                    Reformat{"F6", CellValue(QStringLiteral("")), 0, ColIndex, ""},
+                    Reformat{"F6", CellValue(QStringLiteral("abc")), 0, ColIndex, "abc"},
+                    Reformat{"G6", CellValue(QStringLiteral("0")), 0, ColLabour, ""},
+                    Reformat{"G6", CellValue(0.0), 0, ColLabour, ""},
+                    Reformat{"G6", CellValue(QStringLiteral("1500")), 0, ColLabour, "1,500"},
+                    Reformat{"H6", CellValue(1234567.0), 0, ColUnitPrice, "1,234,567"},
+                    Reformat{"J6", CellValue(QStringLiteral("12,000")), 0, ColPartsAmount, "12,000"},
+                    Reformat{"I6", CellValue(3.0), 0, ColQuantity, "3"},
+                    Reformat{"D6", CellValue(QStringLiteral("0012")), 0, ColPartNumber, "0012"},
+                    Reformat{"J5", CellValue(123.0), -1, 0, "00123"},
+                    Reformat{"J5", CellValue(QStringLiteral("123")), -1, 0, "00123"},
+                    Reformat{"J5", CellValue(QStringLiteral("")), -1, 0, ""}));
+
+TEST(EstimateReading, RowTableSizedFromA2Only)
+{
+    Session s = test::randomEstimate(3);
+    s.rows = {test::fullEstimate().rows.mid(0, 5)};
+    auto book = Workbook::fromBytes(saved(s));
+    book->sheet(QStringLiteral("D"))->setInt16(2, 1, 2);
+    const Session back = reread(book->toBytes());
+    ASSERT_EQ(back.rows.size(), 3);
+    EXPECT_EQ(back.rows.at(2), s.rows.at(2));
+}
+
+TEST(EstimateReading, ValuesThatDoNotConvertKeepTheirTarget)
+{
+    Session s = test::randomEstimate(5);
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    d->setText(1, 16, QStringLiteral("abc"));   // P1 labour rate
+    d->setInt32(1, 18, 99999);                  // R1 paint rate: beyond 16 bits
+    Session into;
+    into.labourRate = 11;
+    into.paintLabourRate = 22;
+    const Session back = reread(book->toBytes(), into);
+    EXPECT_EQ(back.labourRate, 11);
+    EXPECT_EQ(back.paintLabourRate, 22);
+    EXPECT_EQ(back.header.customerName, s.header.customerName);
+}
+
+struct BadCount
+{
+    const char *sheet;
+    const char *cell;
+    CellValue value;
+};
+
+class BadCounts : public testing::TestWithParam<BadCount>
+{
+};
+
+TEST_P(BadCounts, LeaveTheSessionUntouched)
+{
+    const BadCount &b = GetParam();
+    auto book = Workbook::fromBytes(saved(test::randomEstimate(9)));
+    const auto address = parseCellAddress(b.cell);
+    Worksheet *sheet = book->sheet(QString::fromUtf8(b.sheet));
+    if (const QString *text = std::get_if<QString>(&b.value))
+        sheet->setText(address->row, address->column, *text);
+    else
+        sheet->setInt32(address->row, address->column, std::int32_t(std::get<double>(b.value)));
+    auto damaged = Workbook::fromBytes(book->toBytes());
+    Session session = test::fullEstimate(2);
+    const QStringList before = test::storedFields(session);
+    try {
+        readEstimate(*damaged, session);
+        ADD_FAILURE() << "read";
+    } catch (const WorkbookError &e) {
+        EXPECT_EQ(e.kind(), ErrorKind::NotAnEstimate);
+    }
+    EXPECT_EQ(test::storedFields(session), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, BadCounts,
+                         testing::Values(BadCount{"D", "A2", CellValue(394.0)}, BadCount{"D", "A2", CellValue(-2.0)},
+                                         BadCount{"D", "A2", CellValue(QStringLiteral("many"))},
+                                         BadCount{"D", "A2", CellValue(30000.0)},
+                                         BadCount{"D", "L8", CellValue(5000.0)},
+                                         BadCount{"P", "B12", CellValue(-1.0)},
+                                         BadCount{"P", "B12", CellValue(395.0)}));
+
+TEST(EstimateReading, WorkbookWithoutDataSheetsIsNotAnEstimate)
+{
+    auto book = Workbook::fromBytes(test::zipParts(test::minimalWorkbook({{QStringLiteral("D"), ""}})));
+    Session s;
+    EXPECT_THROW(readEstimate(*book, s), WorkbookError);
+    EXPECT_THROW(writeEstimate(*book, s), WorkbookError);
+}

@@ -1,0 +1,324 @@
+// The file-name and open dialogs, saving with its questions, and the whole program saving
+// and reopening an estimate through its screens.
+
+#include "program_fixture.h"
+#include "app/app_controller.h"
+#include "app/dlg_hajime.h"
+#include "fixed_clock.h"
+#include "sample_estimate.h"
+#include "scripted_messages.h"
+#include "sheet/frm_mitumori.h"
+#include "temp_app_folder.h"
+#include "workbook/dlg_fname.h"
+#include "workbook/dlg_open.h"
+#include "workbook/estimate_files.h"
+#include "workbook/estimate_layout.h"
+#include "workbook/workbook_store.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace est;
+using namespace est::workbook;
+
+namespace {
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// Runs `act` on the next modal dialog of that objectName once it is shown.
+void onDialog(const char *name, std::function<void(QWidget *)> act)
+{
+    auto attempt = std::make_shared<std::function<void()>>();
+    *attempt = [name, act, attempt] {
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            if (w->objectName() == QLatin1String(name) && w->isVisible()) {
+                act(w);
+                return;
+            }
+        }
+        QTimer::singleShot(10, *attempt);
+    };
+    QTimer::singleShot(0, *attempt);
+}
+
+struct Fixture
+{
+    test::TempAppFolder folder;
+    Session session;
+    test::ScriptedMessages messages;
+    test::FixedClock clock{QDate(2024, 1, 5)};
+    WorkbookStore store{session, messages, clock, folder.path(), nullptr, nullptr};
+    QString saved(const QString &name) const { return QDir(estimatesFolder(folder.path())).filePath(name); }
+};
+
+} // namespace
+
+TEST(DlgFname, LabelFollowsEveryKeystroke)
+{
+    test::FixedClock clock(QDate(2024, 3, 15));
+    test::ScriptedMessages messages;
+    DlgFname dialog(clock, messages);
+    auto *text = dialog.findChild<QLineEdit *>(QStringLiteral("txtFname"));
+    auto *label = dialog.findChild<QLabel *>(QStringLiteral("lblFname"));
+    ASSERT_TRUE(text && label);
+    EXPECT_EQ(label->text(), QStringLiteral("240315.xlsx"));
+    QTest::keyClicks(text, QStringLiteral("AB"));
+    EXPECT_EQ(label->text(), QStringLiteral("240315AB.xlsx"));
+    QTest::keyClicks(text, QStringLiteral("C"));
+    EXPECT_EQ(label->text(), QStringLiteral("240315ABC.xlsx"));
+    text->setText(QStringLiteral("山田様"));
+    EXPECT_EQ(dialog.fileName(), QStringLiteral("240315山田様.xlsx"));
+    QTest::keyClicks(text, QStringLiteral("/.."));   // no folder separators
+    EXPECT_EQ(dialog.fileName(), QStringLiteral("240315山田様...xlsx"));
+}
+
+TEST(DlgFname, OkNamesTheEstimateCancelChangesNothing)
+{
+    Fixture x;
+    onDialog("dlgFname", [](QWidget *d) {
+        d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("ABC"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
+    });
+    EXPECT_FALSE(x.store.askFileName());
+    EXPECT_TRUE(x.session.fileName.isEmpty());
+    EXPECT_EQ(x.session.sheetState, SheetState::NotStarted);
+
+    onDialog("dlgFname", [](QWidget *d) {
+        d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("ABC"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    EXPECT_TRUE(x.store.askFileName());
+    EXPECT_EQ(x.session.fileName, QStringLiteral("240105ABC.xlsx"));
+    EXPECT_EQ(x.session.fileNameText, QStringLiteral("ABC"));
+    EXPECT_EQ(x.session.sheetState, SheetState::NameChosen);
+}
+
+TEST(DlgOpen, RefusesNoSelectionAndTheTemplate)
+{
+    test::TempAppFolder folder;
+    const QString dir = estimatesFolder(folder.path());
+    QDir().mkpath(dir);
+    for (const char *name : {"NewFile.xlsx", "240105A.xlsx"}) {
+        QFile f(QDir(dir).filePath(QString::fromLatin1(name)));
+        f.open(QIODevice::WriteOnly);
+    }
+    test::ScriptedMessages messages;
+    QStringList loaded;
+    DlgOpen dialog(dir, [&](const QString &name) { loaded.append(name); return true; }, messages);
+    auto *files = dialog.findChild<QListWidget *>(QStringLiteral("File1"));
+    ASSERT_EQ(files->count(), 2);
+
+    dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    ASSERT_EQ(messages.shown.size(), 1);
+    EXPECT_EQ(messages.shown[0].text, QStringLiteral("ファイルがありません。\n選択し直してください。"));
+    EXPECT_EQ(messages.shown[0].title, QStringLiteral("ファイルがありません"));
+    EXPECT_EQ(messages.shown[0].icon, MessageIcon::Exclamation);
+
+    files->setCurrentItem(files->findItems(QStringLiteral("NewFile.xlsx"), Qt::MatchExactly).first());
+    dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    ASSERT_EQ(messages.shown.size(), 2);
+    EXPECT_EQ(messages.shown[1].text,
+              QStringLiteral(" このファイルは変更できません。\n変更すると、正しく印刷できない場合があります。"));
+    EXPECT_EQ(messages.shown[1].title, QStringLiteral("警告！"));
+    EXPECT_EQ(messages.shown[1].icon, MessageIcon::Critical);
+    EXPECT_TRUE(loaded.isEmpty());
+
+    files->setCurrentItem(files->findItems(QStringLiteral("240105A.xlsx"), Qt::MatchExactly).first());
+    dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    EXPECT_EQ(loaded, QStringList{QStringLiteral("240105A.xlsx")});
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+TEST(OpenEstimate, MissingOrBrokenFileLeavesTheEstimateAlone)
+{
+    Fixture x;
+    x.session = test::fullEstimate(3);
+    const QStringList before = test::storedFields(x.session);
+    EXPECT_FALSE(openEstimateWorkbook(x.session, x.messages, x.folder.path(), QStringLiteral("240105X.xlsx")));
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("240105X.xlsxが存在しません。\nもう一度ファイルを確認してください。"));
+    EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::Information);
+
+    QDir().mkpath(estimatesFolder(x.folder.path()));
+    QFile f(x.saved(QStringLiteral("240105B.xlsx")));
+    f.open(QIODevice::WriteOnly);
+    f.write("not a workbook");
+    f.close();
+    EXPECT_FALSE(openEstimateWorkbook(x.session, x.messages, x.folder.path(), QStringLiteral("240105B.xlsx")));
+    EXPECT_TRUE(x.messages.lastText().startsWith(QStringLiteral("240105B.xlsxを開けませんでした。\n")));
+    EXPECT_EQ(test::storedFields(x.session), before);
+}
+
+TEST(SaveEstimate, NewEstimateOverAnExistingFileAsksToDelete)
+{
+    Fixture x;
+    x.session = test::randomEstimate(4);
+    x.session.fileName = QStringLiteral("240105ABC.xlsx");
+    x.session.sheetState = SheetState::NewStarted;
+    QDir().mkpath(estimatesFolder(x.folder.path()));
+    QFile old(x.saved(x.session.fileName));
+    old.open(QIODevice::WriteOnly);
+    old.write("old estimate");
+    old.close();
+
+    x.messages.answer(Answer::No);
+    EXPECT_FALSE(x.store.overwrite());
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_EQ(x.messages.shown[0].text, QStringLiteral("ファイル名　240105ABC.xlsxは既に存在しています。\n"
+                                                       "既存のファイルを削除しますか？"));
+    EXPECT_EQ(x.messages.shown[0].kind, test::ShownMessage::Kind::YesNo);
+    EXPECT_EQ(fileBytes(x.saved(x.session.fileName)), QByteArray("old estimate"));
+    EXPECT_EQ(QDir(estimatesFolder(x.folder.path())).entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(x.session.sheetState, SheetState::NewStarted);
+
+    x.messages.answer(Answer::Yes);
+    EXPECT_TRUE(x.store.overwrite());
+    EXPECT_EQ(x.session.sheetState, SheetState::NameChosen);
+    Session back;
+    ASSERT_TRUE(openEstimateWorkbook(back, x.messages, x.folder.path(), x.session.fileName));
+    EXPECT_EQ(test::storedFields(back), test::storedFields(x.session));
+
+    // A second save of the same estimate announces and overwrites.
+    x.messages.clear();
+    x.session.header.customerName = QStringLiteral("二回目");
+    EXPECT_TRUE(x.store.save());
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_EQ(x.messages.shown[0].text, QStringLiteral("ファイル名　240105ABC.xlsxを保存します。"));
+    EXPECT_EQ(x.messages.shown[0].icon, MessageIcon::Question);
+    ASSERT_TRUE(openEstimateWorkbook(back, x.messages, x.folder.path(), x.session.fileName));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("二回目"));
+}
+
+TEST(SaveEstimate, OpenedEstimateIsWrittenWithoutQuestions)
+{
+    Fixture x;
+    x.session = test::randomEstimate(6);
+    x.session.fileName = QStringLiteral("231224Z.xlsx");
+    x.session.editExisting = true;
+    ASSERT_TRUE(x.store.overwrite());
+    ASSERT_TRUE(x.store.save());
+    EXPECT_TRUE(x.messages.shown.isEmpty());
+    EXPECT_TRUE(QFileInfo::exists(x.folder.file(QStringLiteral("temp/newfile.xlsx"))));
+}
+
+TEST(SaveEstimate, FailedSaveKeepsThePreviousWorkbookAndSaysWhy)
+{
+    Fixture x;
+    x.session = test::randomEstimate(8);
+    x.session.fileName = QStringLiteral("240105F.xlsx");
+    x.session.editExisting = true;
+    ASSERT_TRUE(x.store.save());
+    const QByteArray previous = fileBytes(x.saved(x.session.fileName));
+    for (SaveStep step : {SaveStep::BuildPackage, SaveStep::OpenTemporary, SaveStep::Write, SaveStep::Commit}) {
+        x.messages.clear();
+        x.store.setSaveFault([step](SaveStep s, const QString &) { return s == step; });
+        x.session.header.customerName = QStringLiteral("変更");
+        EXPECT_FALSE(x.store.save());
+        EXPECT_EQ(x.messages.shown.size(), 1);
+        EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::Critical);
+        EXPECT_EQ(fileBytes(x.saved(x.session.fileName)), previous);
+        EXPECT_EQ(QDir(estimatesFolder(x.folder.path())).entryList(QDir::Files).size(), 1);
+    }
+}
+
+// The program as a person uses it: new estimate, file name, save; then open it again.
+TEST(Program, SavesAndReopensAnEstimateThroughItsScreens)
+{
+    test::Program program;
+    program.start();
+    Session &session = program.session;
+    test::ScriptedMessages &messages = program.messages;
+    test::TempAppFolder &folder = program.folder;
+    app::AppContext &c = program.context();
+    EXPECT_TRUE(QFileInfo::exists(folder.file(QStringLiteral("temp/newfile.xlsx"))));
+    EXPECT_TRUE(c.start->button("cmdHen")->isEnabled());
+
+    program.dialogs.on("dlgFname", [](QWidget *d) {
+        QTest::keyClicks(d->findChild<QLineEdit *>(QStringLiteral("txtFname")), QStringLiteral("ABC"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    c.sheet->findChild<QLineEdit *>(QStringLiteral("txtName"))->setText(QStringLiteral("山田太郎"));
+    session.rows = test::fullEstimate().rows.mid(0, 3);
+    session.totals.workTotalA = 12345;
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+    const QString path = QDir(estimatesFolder(folder.path())).filePath(QStringLiteral("240105ABC.xlsx"));
+    ASSERT_TRUE(QFileInfo::exists(path)) << messages.lastText().toStdString();
+
+    c.sheet->hide();
+    c.sheet->clearEstimate();
+    c.start->show();
+    program.dialogs.on("dlgOpen", [](QWidget *d) {
+        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+        files->setCurrentItem(files->findItems(QStringLiteral("240105ABC.xlsx"), Qt::MatchExactly).first());
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdHen")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    EXPECT_EQ(c.sheet->findChild<QLineEdit *>(QStringLiteral("txtName"))->text(), QStringLiteral("山田太郎"));
+    EXPECT_EQ(c.sheet->findChild<QLabel *>(QStringLiteral("lblSkei"))->text(), QStringLiteral("12,345"));
+    EXPECT_EQ(c.sheet->findChild<QLabel *>(QStringLiteral("lblGokei"))->text(), QStringLiteral("12,345"));
+    EXPECT_EQ(session.rows.size(), 3);
+    EXPECT_TRUE(session.editExisting);
+    EXPECT_EQ(session.fileName, QStringLiteral("240105ABC.xlsx"));
+}
+
+// "終了" on a new estimate, answered Yes: the file-name dialog, then the workbook.
+TEST(Program, EndingANewEstimateAsksForANameAndSaves)
+{
+    test::Program program;
+    program.start();
+    Session &session = program.session;
+    test::ScriptedMessages &messages = program.messages;
+    test::TempAppFolder &folder = program.folder;
+    app::AppContext &c = program.context();
+    session.sheetState = SheetState::NewStarted;
+    session.header.customerName = QStringLiteral("終了時");
+    messages.answer(Answer::Yes);
+    program.dialogs.on("dlgFname", [](QWidget *d) {
+        d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("END"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(messages.shown.first().text, QStringLiteral("ファイルを保存しますか？"));
+    Session back;
+    ASSERT_TRUE(openEstimateWorkbook(back, messages, folder.path(), QStringLiteral("240105END.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("終了時"));
+
+    // An opened estimate is written over its workbook.
+    session.editExisting = true;
+    session.header.customerName = QStringLiteral("上書き");
+    messages.answer(Answer::Yes);
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(messages.shown.last().text, QStringLiteral("ファイルを上書き保存しますか？"));
+    ASSERT_TRUE(openEstimateWorkbook(back, messages, folder.path(), QStringLiteral("240105END.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("上書き"));
+}
+
+TEST(SaveEstimate, BrokenTemplateIsNamedAndNothingIsWritten)
+{
+    Fixture x;
+    QDir().mkpath(x.folder.file(QStringLiteral("temp")));
+    QFile broken(x.folder.file(QStringLiteral("temp/newfile.xlsx")));
+    broken.open(QIODevice::WriteOnly);
+    broken.write("PK broken");
+    broken.close();
+    x.session.fileName = QStringLiteral("240105T.xlsx");
+    x.session.editExisting = true;
+    EXPECT_FALSE(x.store.save());
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("ファイル名　240105T.xlsxを保存できませんでした。\n"
+                                                    "見積書のひな形（temp/newfile.xlsx）を読み込めません。\n"
+                                                    "Excel形式（.xlsx）のブックではありません。"));
+    EXPECT_FALSE(QFileInfo::exists(x.saved(x.session.fileName)));
+}
