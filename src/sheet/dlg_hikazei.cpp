@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "db/database.h"
 #include "sheet/frm_mitumori.h"
+#include "uikit/named.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -17,14 +18,7 @@
 
 namespace est::sheet {
 
-namespace {
-template <typename W>
-W *named(W *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-} // namespace
+using ui::named;
 
 DlgHikazei::DlgHikazei(Session &session, Messages &messages, const QString &appFolder, FrmMitumori *sheet,
                        QWidget *parent)

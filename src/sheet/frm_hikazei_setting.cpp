@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "db/database.h"
 #include "sheet/non_taxable_list.h"
+#include "uikit/named.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -15,13 +16,9 @@
 
 namespace est::sheet {
 
+using ui::named;
+
 namespace {
-template <typename W>
-W *named(W *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 const QString kTitle = QStringLiteral("非課税項目設定");
 } // namespace
 

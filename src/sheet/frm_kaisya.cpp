@@ -3,6 +3,7 @@
 #include "db/database.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_mitumori.h"
+#include "uikit/named.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,6 +16,8 @@
 #include <QVBoxLayout>
 
 namespace est::sheet {
+
+using ui::named;
 
 struct FrmKaisya::Widgets
 {
@@ -29,15 +32,6 @@ struct FrmKaisya::Widgets
                 *cmdDel = nullptr, *cmdFirst = nullptr, *cmdPrev = nullptr, *cmdNext = nullptr,
                 *cmdLast = nullptr;
 };
-
-namespace {
-template <typename W>
-W *named(W *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-} // namespace
 
 QStringList FrmKaisya::accountTypes()
 {

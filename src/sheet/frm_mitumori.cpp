@@ -8,6 +8,7 @@
 #include "sheet/sheet_grid_layout.h"
 #include "uikit/key_filter.h"
 #include "uikit/twips.h"
+#include "uikit/named.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -22,6 +23,8 @@
 #include <QVBoxLayout>
 
 namespace est::sheet {
+
+using ui::named;
 
 struct FrmMitumori::Widgets
 {
@@ -45,13 +48,6 @@ struct FrmMitumori::Widgets
 };
 
 namespace {
-
-template <typename W>
-W *named(W *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 QLabel *amountLabel(const char *name, QWidget *parent)
 {

@@ -4,6 +4,7 @@
 #include "uikit/key_filter.h"
 #include "workitems/numeric_keys.h"
 #include "workitems/text_box.h"
+#include "uikit/named.h"
 
 #include <QComboBox>
 #include <QFocusEvent>
@@ -19,6 +20,8 @@
 #include <QVBoxLayout>
 
 namespace est::workitems {
+
+using ui::named;
 
 struct FrmSakusei::Widgets
 {
@@ -36,13 +39,6 @@ struct FrmSakusei::Widgets
 };
 
 namespace {
-
-template <typename W>
-W *named(W *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 QLabel *valueLabel(const char *name, QWidget *parent)
 {

@@ -298,7 +298,7 @@ TEST(FrmKokyaku, RegistrationDialogFillsTheVehiclesNumber)
     x.open();
     EXPECT_FALSE(x.find<QPushButton>("cmdTouroku")->isEnabled());
     x.click("cmdEditS");
-    est::test::whenModalOpens([](QWidget *dialog) {
+    est::test::whenModal({}, [](QDialog *dialog) {
         EXPECT_EQ(dialog->objectName(), QStringLiteral("dlgTouroku"));
         est::test::child<QComboBox>(dialog, "cboT1")->setCurrentText(QStringLiteral("練馬"));
         est::test::typeInto(est::test::child<QLineEdit>(dialog, "txtT2"), QStringLiteral("500"));

@@ -4,6 +4,7 @@
 #include "customer_fixture.h"
 #include "customers/frm_kokyaku.h"
 #include "scripted_messages.h"
+#include "when_modal.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -31,25 +32,6 @@ inline void typeInto(QLineEdit *edit, const QString &text)
     else
         edit->insert(text);
     QTest::keyClick(edit, Qt::Key_Return);
-}
-
-// Runs `act` on the modal dialog that the next exec() shows, as soon as it is up (events
-// processed while a screen loads may come first, so this waits for the dialog).
-inline void whenModalOpens(std::function<void(QWidget *)> act)
-{
-    auto *timer = new QTimer;
-    auto tries = std::make_shared<int>(0);
-    QObject::connect(timer, &QTimer::timeout, [timer, tries, act = std::move(act)] {
-        QWidget *modal = QApplication::activeModalWidget();
-        if (!modal && ++*tries < 500)
-            return;
-        timer->stop();
-        timer->deleteLater();
-        EXPECT_NE(modal, nullptr);
-        if (modal)
-            act(modal);
-    });
-    timer->start(5);
 }
 
 template <typename T>

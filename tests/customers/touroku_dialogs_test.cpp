@@ -59,7 +59,7 @@ TEST(DlgTouroku, AddedOfficeNameIsOfferedAtOnce)
     ScriptedMessages messages;
     DlgTouroku dialog(messages, *x.settings);
     dialog.show();
-    est::test::whenModalOpens([](QWidget *names) {
+    est::test::whenModal({}, [](QDialog *names) {
         EXPECT_EQ(names->objectName(), QStringLiteral("dlgNewTouroku"));
         child<QPushButton>(names, "cmdNew")->click();
         child<QLineEdit>(names, "txtTouroku")->insert(QStringLiteral("那覇"));

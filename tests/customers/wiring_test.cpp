@@ -28,7 +28,7 @@ TEST(CustomersWiring, SheetButtonOpensTheCustomerScreenAndSelectFillsTheHeader)
     auto *button = child<QPushButton>(x.context().sheet, "cmdKokyaku");
     ASSERT_TRUE(button->isEnabled());
     bool seen = false;
-    test::whenModalOpens([&](QWidget *screen) {
+    test::whenModal({}, [&](QDialog *screen) {
         seen = true;
         EXPECT_EQ(screen->objectName(), QStringLiteral("frmKokyaku"));
         EXPECT_FALSE(x.context().wait->isVisible()); // the wait window is gone once it shows
@@ -57,7 +57,7 @@ TEST(CustomersWiring, SettingsHubOpensOfficeNamesAndCustomerTables)
         ASSERT_NE(button, nullptr);
         ASSERT_TRUE(button->isEnabled()) << buttonName;
         QString opened;
-        test::whenModalOpens([&](QWidget *screen) {
+        test::whenModal({}, [&](QDialog *screen) {
             opened = screen->objectName();
             child<QPushButton>(screen, "cmdExit")->click();
         });

@@ -2,6 +2,7 @@
 // and reopening an estimate through its screens.
 
 #include "program_fixture.h"
+#include "when_modal.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "fixed_clock.h"
@@ -37,21 +38,6 @@ QByteArray fileBytes(const QString &path)
 }
 
 // Runs `act` on the next modal dialog of that objectName once it is shown.
-void onDialog(const char *name, std::function<void(QWidget *)> act)
-{
-    auto attempt = std::make_shared<std::function<void()>>();
-    *attempt = [name, act, attempt] {
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (w->objectName() == QLatin1String(name) && w->isVisible()) {
-                act(w);
-                return;
-            }
-        }
-        QTimer::singleShot(10, *attempt);
-    };
-    QTimer::singleShot(0, *attempt);
-}
-
 struct Fixture
 {
     test::TempAppFolder folder;
@@ -86,7 +72,7 @@ TEST(DlgFname, LabelFollowsEveryKeystroke)
 TEST(DlgFname, OkNamesTheEstimateCancelChangesNothing)
 {
     Fixture x;
-    onDialog("dlgFname", [](QWidget *d) {
+    test::whenModal("dlgFname", [](QDialog *d) {
         d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("ABC"));
         d->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
     });
@@ -94,7 +80,7 @@ TEST(DlgFname, OkNamesTheEstimateCancelChangesNothing)
     EXPECT_TRUE(x.session.fileName.isEmpty());
     EXPECT_EQ(x.session.sheetState, SheetState::NotStarted);
 
-    onDialog("dlgFname", [](QWidget *d) {
+    test::whenModal("dlgFname", [](QDialog *d) {
         d->findChild<QLineEdit *>(QStringLiteral("txtFname"))->setText(QStringLiteral("ABC"));
         d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
     });

@@ -1,4 +1,5 @@
 #include "program_fixture.h"
+#include "when_modal.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
@@ -20,6 +21,7 @@
 #include <gtest/gtest.h>
 
 using namespace est;
+using est::test::whenModal;
 
 namespace {
 
@@ -29,31 +31,6 @@ struct AppFixture : test::Program
 {
     AppFixture() { start(); }
 };
-
-// Drives the named modal dialog once its event loop runs (the wait window may process events
-// earlier, so the dialog is looked for until it appears); when it never comes, whatever is
-// open is cancelled so that the test cannot hang.
-void whenModal(const char *name, std::function<void(QDialog *)> drive, int attempts = 200)
-{
-    QTimer::singleShot(attempts == 200 ? 0 : 10, [name, drive, attempts] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog || dialog->objectName() != QLatin1String(name)) {
-            if (attempts > 0) {
-                whenModal(name, drive, attempts - 1);
-            } else {
-                ADD_FAILURE() << name << " never opened";
-                if (dialog)
-                    dialog->done(QDialog::Rejected);
-            }
-            return;
-        }
-        drive(dialog);
-        if (dialog->isVisible()) {
-            ADD_FAILURE() << name << " still open";
-            dialog->done(QDialog::Rejected);
-        }
-    });
-}
 
 template <typename T>
 T *child(QObject *parent, const char *name)
