@@ -7,23 +7,43 @@
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
 #include "sheet/frm_mitumori.h"
-#include "uikit/message_box_messages.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QPushButton>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
 #include <QFont>
 #include <QTemporaryDir>
 #include <cstdio>
 
 namespace {
 
-void save(QWidget *widget, const QString &folder, const QString &name)
+// Answers every question No (or Cancel) without a window, so nothing blocks the gallery.
+class QuietMessages final : public est::Messages
 {
+public:
+    void inform(const QString &, const QString &, est::MessageIcon) override {}
+    est::Answer askYesNo(const QString &, const QString &, est::MessageIcon) override { return est::Answer::No; }
+    est::Answer askYesNoCancel(const QString &, const QString &, est::MessageIcon) override
+    {
+        return est::Answer::Cancel;
+    }
+    void beep() override {}
+};
+
+void save(QWidget *shown, const QString &folder, const QString &name)
+{
+    QPointer<QWidget> widget(shown);
     widget->show();
     QApplication::processEvents();
+    if (!widget)
+        return;
     const QString path = QDir(folder).filePath(name + QStringLiteral(".png"));
     if (widget->grab().save(path))
-        std::printf("%s\n", qPrintable(path));
+        std::printf("%s\n", qPrintable(path)), std::fflush(stdout);
 }
 
 void fillSample(est::Session &s)
@@ -62,6 +82,41 @@ void fillSample(est::Session &s)
     s.totals.paintTotalB = 42000;
 }
 
+// Clicks a button and saves whatever window it opens: a modal dialog is grabbed and closed
+// from a timer (its exec() runs meanwhile), a plain window is grabbed and closed afterwards.
+void openAndSave(QPushButton *button, const QString &folder)
+{
+    if (!button || !button->isEnabled())
+        return;
+    QSet<QWidget *> before;
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (w->isVisible())
+            before.insert(w);
+    QTimer poll;
+    poll.setInterval(50);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!modal)
+            return;
+        save(modal, folder, modal->objectName());
+        modal->done(QDialog::Rejected);
+    });
+    poll.start();
+    button->click();
+    poll.stop();
+    QList<QPointer<QWidget>> opened;
+    for (QWidget *w : QApplication::topLevelWidgets())
+        opened.append(w);
+    for (const QPointer<QWidget> &w : opened) {
+        // Saving processes events, which may delete a window that closed itself.
+        if (w && w->isVisible() && !before.contains(w) && !w->objectName().isEmpty()) {
+            save(w, folder, w->objectName());
+            if (w)
+                w->close();
+        }
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -73,7 +128,7 @@ int main(int argc, char **argv)
     QTemporaryDir appFolder;
 
     est::Session session;
-    est::ui::MessageBoxMessages messages;
+    QuietMessages messages;
     est::SystemClock clock;
     est::app::AppController controller(session, messages, clock, appFolder.path());
     controller.start(0);
@@ -87,5 +142,19 @@ int main(int argc, char **argv)
     c.sheet->refresh();
     c.sheet->resize(1280, 900);
     save(c.sheet, folder, QStringLiteral("frmMitumori"));
+
+    // Every screen that the sheet and the settings hub open.
+    for (QPushButton *button : c.sheet->findChildren<QPushButton *>())
+        if (button->objectName() != QLatin1String("cmdEnd") && button->objectName() != QLatin1String("cmdSave"))
+            openAndSave(button, folder);
+    c.sheet->hide();
+    c.settings->show();
+    for (QPushButton *button : c.settings->findChildren<QPushButton *>())
+        if (button->objectName() != QLatin1String("cmdExit"))
+            openAndSave(button, folder);
+    c.settings->hide();
+    c.start->show();
+    for (const char *name : {"cmdSin", "cmdHen"})
+        openAndSave(c.start->button(name), folder);
     return 0;
 }
