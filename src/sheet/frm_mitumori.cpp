@@ -67,6 +67,17 @@ QLineEdit *amountEdit(const char *name, QWidget *parent)
     return edit;
 }
 
+// Amount columns show "#,###" whether a row came from an editor (plain digits) or from a
+// saved workbook (already formatted); the row table itself keeps its texts.
+QString cellText(const EstimateRow &row, int column)
+{
+    const QString &text = row.at(column);
+    if (column != ColLabour && column != ColUnitPrice && column != ColPartsAmount)
+        return text;
+    const auto yen = parseDisplayedYen(text);
+    return yen ? formatThousands(*yen) : text;
+}
+
 void setTextQuietly(QLineEdit *edit, const QString &text)
 {
     if (edit->text() == text)
@@ -157,6 +168,14 @@ void FrmMitumori::buildUi()
         m_chain.setAdvance(text);
         afterChainStep();
     });
+    // Amounts typed by hand take the sheet's "#,###" once the field is left, as they will
+    // show when the estimate is opened again.
+    for (QLineEdit *amount : {m_w->txtNebiki2, m_w->txtAzukari}) {
+        connect(amount, &QLineEdit::editingFinished, this, [amount] {
+            if (const auto yen = parseDisplayedYen(amount->text()))
+                amount->setText(formatThousands(*yen));
+        });
+    }
     connect(m_w->cboHdai, &QComboBox::currentIndexChanged, this, &FrmMitumori::onDocumentKindChanged);
     resize(1280, 900);
 }
@@ -468,7 +487,7 @@ void FrmMitumori::refreshRows()
     for (int r = 0; r < rows.size(); ++r) {
         for (int c = 0; c < kGridColumns; ++c) {
             QTableWidgetItem *item = grid->item(r, c);
-            item->setText(rows.at(r).at(c));
+            item->setText(cellText(rows.at(r), c));
             if (c >= ColIndex && c <= ColPartsAmount)
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
         }
@@ -510,6 +529,9 @@ void FrmMitumori::clearEstimate()
     m_session.paint = PaintState();
     m_session.bumper = BumperState();
     m_session.additional = AdditionalState();
+    // A new estimate starts without the previous one's customer and vehicle.
+    m_session.customer = QStringList(18);
+    m_session.vehicle = QStringList(19);
     m_session.company = company;
     refresh();
 }
