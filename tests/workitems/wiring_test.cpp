@@ -109,7 +109,8 @@ TEST(WorkItemsWiring, WorkItemReachesTheSheetAndItsTotals)
     auto *grid = child<QTableWidget>(c.sheet, "HFlgSS");
     ASSERT_NE(grid, nullptr);
     EXPECT_EQ(grid->item(0, 2)->text(), partName);
-    EXPECT_EQ(grid->item(0, 6)->text(), QStringLiteral("7500"));
+    EXPECT_EQ(grid->item(0, 6)->text(), QStringLiteral("7,500")); // the sheet shows "#,###"
+    EXPECT_EQ(x.session.rows[0][ColLabour], QStringLiteral("7500")); // the row table keeps whole yen
     // A = 7,500 + 24,690 = 32,190; tax 10 % = 3,219; due 35,409.
     EXPECT_EQ(sheetLabel(c, "lblKoutin"), QStringLiteral("7,500"));
     EXPECT_EQ(sheetLabel(c, "lblBuhin"), QStringLiteral("24,690"));
