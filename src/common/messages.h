@@ -24,6 +24,13 @@ public:
     // A question with Yes, No and Cancel.
     virtual Answer askYesNoCancel(const QString &text, const QString &title, MessageIcon icon) = 0;
 
+    // A notice with OK and Cancel. Implementations without such a box show a plain notice.
+    virtual Answer askOkCancel(const QString &text, const QString &title, MessageIcon icon)
+    {
+        inform(text, title, icon);
+        return Answer::Ok;
+    }
+
     // A beep for a refused key.
     virtual void beep() = 0;
 };

@@ -403,8 +403,9 @@ void FrmKokyaku::search()
         showState();
         break;
     case SearchOutcome::NoNameChosen:
-        m_messages.inform(QStringLiteral("検索する名前が選択されてません。"), QStringLiteral("検索エラー"),
-                          MessageIcon::Critical);
+        // OK and Cancel both just close the notice.
+        m_messages.askOkCancel(QStringLiteral("検索する名前が選択されてません。"), QStringLiteral("検索エラー"),
+                               MessageIcon::Critical);
         break;
     case SearchOutcome::NotFound:
         m_messages.inform(QStringLiteral("「%1」という名前の顧客は登録されていません。").arg(name),

@@ -1,6 +1,7 @@
 #include "customers/frm_kokyaku_sett.h"
 
 #include "customers/customer_record.h"
+#include "db/transaction_guard.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -147,19 +148,31 @@ void FrmKokyakuSett::deleteSelected(QTableView *view)
         != Answer::Yes)
         return;
     auto *model = static_cast<QSqlTableModel *>(view->model());
-    // From the bottom up, so the rows still to go keep their numbers.
-    std::sort(rows.begin(), rows.end(), std::greater<int>());
-    for (int row : rows) {
-        while (model->rowCount() <= row && model->canFetchMore())
-            model->fetchMore();
-        if (!model->removeRow(row)) {
-            m_messages.inform(QStringLiteral("削除できませんでした。\n") + model->lastError().text(),
-                              QStringLiteral("顧客データ"), MessageIcon::Critical);
-            model->revertAll();
-            break;
+    QString error;
+    {
+        // All the selected records go, or none of them.
+        db::TransactionGuard guard(model->database());
+        if (!guard.started())
+            error = model->database().lastError().text();
+        // From the bottom up, so the rows still to go keep their numbers.
+        std::sort(rows.begin(), rows.end(), std::greater<int>());
+        for (int row : rows) {
+            if (!error.isEmpty())
+                break;
+            while (model->rowCount() <= row && model->canFetchMore())
+                model->fetchMore();
+            if (!model->removeRow(row))
+                error = model->lastError().text();
         }
+        if (error.isEmpty() && !guard.commit())
+            error = model->database().lastError().text();
     }
+    if (!error.isEmpty())
+        model->revertAll();
     model->select();
+    if (!error.isEmpty())
+        m_messages.inform(QStringLiteral("削除できませんでした。データは変更されていません。\n") + error,
+                          QStringLiteral("顧客データ"), MessageIcon::Critical);
 }
 
 } // namespace est::customers

@@ -51,6 +51,12 @@ Answer MessageBoxMessages::askYesNoCancel(const QString &text, const QString &ti
                QMessageBox::Yes);
 }
 
+Answer MessageBoxMessages::askOkCancel(const QString &text, const QString &title, MessageIcon icon)
+{
+    const Answer a = run(m_parent, text, title, icon, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+    return a == Answer::Cancel ? Answer::Cancel : Answer::Ok;
+}
+
 void MessageBoxMessages::beep()
 {
     QApplication::beep();

@@ -14,6 +14,7 @@ public:
     void inform(const QString &text, const QString &title, MessageIcon icon) override;
     Answer askYesNo(const QString &text, const QString &title, MessageIcon icon) override;
     Answer askYesNoCancel(const QString &text, const QString &title, MessageIcon icon) override;
+    Answer askOkCancel(const QString &text, const QString &title, MessageIcon icon) override;
     void beep() override;
 
 private:

@@ -26,6 +26,20 @@ TEST(CustomerDatabase, NewFileHasBothTablesInTheirFieldOrderAndSampleCustomers)
               0);
 }
 
+TEST(CustomerDatabase, FieldsAreExactlyTheseInThisOrder)
+{
+    // Written out by hand: the estimate workbook and the paint screens rely on these positions.
+    EXPECT_EQ(customerFieldNames(),
+              (QStringList{"KNo", "Namae", "Post", "Jyusyo1", "Jyusyo2", "TEL", "FAX", "Cell", "KaisyaN", "KaisyaPost",
+                           "KaisyaJ1", "KaisyaJ2", "KaisyaTEL", "KaisyaFAX", "KaisyaCell", "KKubun", "Memo"}));
+    EXPECT_EQ(vehicleFieldNames(),
+              (QStringList{"SNo", "KNo", "NyuDay", "Meka", "Syamei", "Katasiki", "SyataiNo", "Touroku", "Syonendo",
+                           "KataSitei", "Ruibetu", "Eg", "Syajyu", "Soukou", "Yuko", "IroNo", "IroSyurui", "Koukinou",
+                           "Bikou"}));
+    EXPECT_EQ(customerCaptions().size(), kCustomerFieldCount);
+    EXPECT_EQ(vehicleCaptions().size(), kVehicleFieldCount);
+}
+
 TEST(CustomerNumbering, SixteenBitNextNumber)
 {
     EXPECT_EQ(nextNumber(0), 1);

@@ -48,6 +48,45 @@ TEST(FrmKokyakuSett, DeleteKeyDeletesTheCustomerButNotItsVehicles)
     EXPECT_EQ(view->model()->rowCount(), x.customers());
 }
 
+TEST(FrmKokyakuSett, SeveralSelectedRecordsGoTogetherOrNotAtAll)
+{
+    CustomerFixture x;
+    // Customer 1 cannot be deleted; deleting it after customer 2 must keep customer 2 too.
+    x.exec(QStringLiteral("CREATE TRIGGER keep_first BEFORE DELETE ON Kokyaku_Jyouhou WHEN old.KNo = '1' "
+                          "BEGIN SELECT RAISE(ABORT, 'kept'); END"));
+    ScriptedMessages messages;
+    FrmKokyakuSett screen(messages, x.store->database());
+    screen.show();
+    auto *view = child<QTableView>(&screen, "DGS1");
+    const int customers = x.customers();
+    view->selectionModel()->select(view->model()->index(0, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    view->selectionModel()->select(view->model()->index(1, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    messages.answer(Answer::Yes);
+    QTest::keyClick(view, Qt::Key_Delete);
+    EXPECT_TRUE(x.hasCustomer("1"));
+    EXPECT_TRUE(x.hasCustomer("2"));
+    EXPECT_EQ(x.customers(), customers);
+    EXPECT_EQ(view->model()->rowCount(), customers);
+    ASSERT_EQ(messages.shown.size(), 2);
+    EXPECT_EQ(messages.shown.last().icon, MessageIcon::Critical);
+
+    // Without the obstacle both go at once.
+    x.exec(QStringLiteral("DROP TRIGGER keep_first"));
+    view->clearSelection();
+    view->selectionModel()->select(view->model()->index(0, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    view->selectionModel()->select(view->model()->index(1, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    messages.answer(Answer::Yes);
+    QTest::keyClick(view, Qt::Key_Delete);
+    EXPECT_FALSE(x.hasCustomer("1"));
+    EXPECT_FALSE(x.hasCustomer("2"));
+    EXPECT_EQ(x.customers(), customers - 2);
+    EXPECT_EQ(view->model()->rowCount(), customers - 2);
+}
+
 TEST(FrmKokyakuSett, EditedCellIsWrittenAtOnce)
 {
     CustomerFixture x;

@@ -62,6 +62,7 @@ TEST(FrmKokyaku, SearchWithoutANameIsRefused)
     EXPECT_EQ(x.messages.lastText(), QStringLiteral("検索する名前が選択されてません。"));
     EXPECT_EQ(x.messages.shown.last().title, QStringLiteral("検索エラー"));
     EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::Critical);
+    EXPECT_EQ(x.messages.shown.last().kind, Kind::OkCancel);
     EXPECT_EQ(x.text("txtKNo"), QStringLiteral("1"));
 }
 

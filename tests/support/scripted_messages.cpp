@@ -28,4 +28,10 @@ Answer ScriptedMessages::askYesNoCancel(const QString &text, const QString &titl
     return next(Answer::Cancel);
 }
 
+Answer ScriptedMessages::askOkCancel(const QString &text, const QString &title, MessageIcon icon)
+{
+    shown.append({text, title, icon, ShownMessage::Kind::OkCancel});
+    return next(Answer::Cancel);
+}
+
 } // namespace est::test

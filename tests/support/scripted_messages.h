@@ -14,7 +14,7 @@ struct ShownMessage
     QString text;
     QString title;
     MessageIcon icon;
-    enum class Kind { Inform, YesNo, YesNoCancel } kind;
+    enum class Kind { Inform, YesNo, YesNoCancel, OkCancel } kind;
 };
 
 class ScriptedMessages final : public Messages
@@ -23,6 +23,7 @@ public:
     void inform(const QString &text, const QString &title, MessageIcon icon) override;
     Answer askYesNo(const QString &text, const QString &title, MessageIcon icon) override;
     Answer askYesNoCancel(const QString &text, const QString &title, MessageIcon icon) override;
+    Answer askOkCancel(const QString &text, const QString &title, MessageIcon icon) override;
     void beep() override { ++beeps; }
 
     // Answers for the next questions, in order; an unscripted question is answered No/Cancel.
