@@ -391,10 +391,15 @@ void FrmSakusei::indexLeft()
     QLineEdit *index = m_w->txtSisu;
     if (isBlank(index->text()))
         return;
-    {
-        // Only the display changes; the value and the labour stay.
-        const QSignalBlocker blocker(index);
-        index->setText(reformatIndex(index->text()));
+    // A reformatted text is a change of the index like any other: the labour follows the two
+    // decimals the row shows, so 1.257 at 1,000 yen becomes 1.26 and 1,260 yen.
+    const QString shown = reformatIndex(index->text());
+    if (shown != index->text()) {
+        {
+            const QSignalBlocker blocker(index);
+            index->setText(shown);
+        }
+        recomputeLabour();
     }
     if (isBlank(m_w->txtRato->text())) {
         setQuietly(index, QString());

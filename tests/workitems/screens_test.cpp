@@ -305,6 +305,22 @@ INSTANTIATE_TEST_SUITE_P(ByHand, EditorLabour,
                                            IndexCase{"1", 7550, 2, 3, "7500", "1.00"},
                                            IndexCase{"1a.b5", 5000, 0, 1, "7500", "1.50"}));
 
+TEST_F(EditorFixture, LabourFollowsTheIndexAsReformattedWhenLeft)
+{
+    session.labourRate = 1000;
+    openEditor();
+    QTest::keyClicks(edit("txtSisu"), "1.257");
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("1257"));
+    leave(edit("txtSisu"));
+    // The row shows 1.26 points; its labour is 1.26 × 1,000.
+    EXPECT_EQ(edit("txtSisu")->text(), QStringLiteral("1.26"));
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("1260"));
+    click("cmdAdd");
+    EXPECT_EQ(cell(0, 5), QStringLiteral("1.26"));
+    EXPECT_EQ(cell(0, 6), QStringLiteral("1260"));
+    EXPECT_EQ(label("lblKSum"), QStringLiteral("1,260"));
+}
+
 TEST_F(EditorFixture, MissingRateIsReportedWhenTheIndexIsLeft)
 {
     session.labourRate = 0;
