@@ -336,6 +336,38 @@ TEST_F(EditorFixture, MissingRateIsReportedWhenTheIndexIsLeft)
     EXPECT_EQ(edit("txtSisu")->text(), QString());
 }
 
+TEST_F(EditorFixture, LeavingAnEmptyIndexWithoutARateSendsTheUserToTheRate)
+{
+    session.labourRate = 0;
+    openEditor();
+    editor->show();
+    QTest::keyClicks(edit("txtKoutin"), "3000");
+    edit("txtSisu")->setFocus();
+    leave(edit("txtSisu"));
+    ASSERT_EQ(messages.shown.size(), 1);
+    EXPECT_EQ(messages.lastText(), QStringLiteral("レーバーレートに金額が入力されておりません。"));
+    EXPECT_EQ(messages.shown.last().icon, MessageIcon::Critical);
+    // The labour typed directly is kept.
+    EXPECT_EQ(edit("txtKoutin")->text(), QStringLiteral("3000"));
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("3000"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edit("txtRato")->hasFocus(); }, 1000));
+    // An index typed without a rate computes nothing and goes when left; the typed labour stays.
+    QTest::keyClicks(edit("txtSisu"), "1");
+    EXPECT_EQ(edit("txtKoutin")->text(), QStringLiteral("3000"));
+    leave(edit("txtSisu"));
+    EXPECT_EQ(messages.shown.size(), 2);
+    EXPECT_EQ(edit("txtSisu")->text(), QString());
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("3000"));
+
+    // Closing the editor with the focus in the index field is not leaving it.
+    edit("txtSisu")->setFocus();
+    QTest::qWait(20);
+    const qsizetype shown = messages.shown.size();
+    click("cmdOK");
+    EXPECT_EQ(messages.shown.size(), shown);
+    EXPECT_EQ(session.rows.size(), 0);
+}
+
 TEST_F(EditorFixture, RateTypedInTheEditorIsUsedAndHandedBack)
 {
     session.labourRate = 0;
