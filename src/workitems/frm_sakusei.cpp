@@ -389,16 +389,25 @@ bool FrmSakusei::eventFilter(QObject *watched, QEvent *event)
 void FrmSakusei::indexLeft()
 {
     QLineEdit *index = m_w->txtSisu;
-    if (isBlank(index->text()))
-        return;
-    {
-        // Only the display changes; the value and the labour stay.
-        const QSignalBlocker blocker(index);
-        index->setText(reformatIndex(index->text()));
+    // A reformatted text is a change of the index like any other: the labour follows the two
+    // decimals the row shows, so 1.257 at 1,000 yen becomes 1.26 and 1,260 yen.
+    const QString shown = isBlank(index->text()) ? index->text() : reformatIndex(index->text());
+    if (shown != index->text()) {
+        {
+            const QSignalBlocker blocker(index);
+            index->setText(shown);
+        }
+        recomputeLabour();
     }
+    // Leaving the field without a rate is reported even when no index was typed: the rate is
+    // what the index is for, so the user is sent to it.
     if (isBlank(m_w->txtRato->text())) {
-        setQuietly(index, QString());
-        m_w->lblKKei->clear();
+        if (!isBlank(index->text())) {
+            setQuietly(index, QString());
+            // A labour typed directly stays; one left from an index goes with it.
+            if (isBlank(m_w->txtKoutin->text()))
+                m_w->lblKKei->clear();
+        }
         messages().inform(QStringLiteral("レーバーレートに金額が入力されておりません。"), QStringLiteral("注意"),
                           MessageIcon::Critical);
         m_w->txtRato->setFocus();

@@ -8,13 +8,95 @@
 
 namespace est::workitems {
 
+namespace {
+
+// A typed number held exactly as digits and a power of ten ("1.15" -> 115, 2), so that a
+// product landing on half a yen is seen as such instead of as a binary fraction just below
+// or above it (0.05 x 5,010 is 250.5, which goes to 250, not 251).
+struct ExactDecimal
+{
+    __int128 digits = 0;
+    int scale = 0;
+};
+
+std::optional<ExactDecimal> exactDecimal(const QString &text)
+{
+    constexpr int kMaxDigits = 18;
+    ExactDecimal value;
+    bool negative = false, point = false, any = false;
+    int count = 0;
+    for (QChar c : text) {
+        if (c.unicode() >= 0xFF10 && c.unicode() <= 0xFF19)
+            c = QChar(u'0' + (c.unicode() - 0xFF10));
+        else if (c == QChar(0xFF0E))
+            c = QLatin1Char('.');
+        else if (c == QChar(0xFF0D) || c == QChar(0x2212))
+            c = QLatin1Char('-');
+        if (c == QLatin1Char(',') || c == QChar(0xFF0C) || c.isSpace())
+            continue;
+        if (c == QLatin1Char('-') && !any && !negative && !point) {
+            negative = true;
+        } else if (c == QLatin1Char('.') && !point) {
+            point = true;
+        } else if (c >= QLatin1Char('0') && c <= QLatin1Char('9')) {
+            any = true;
+            if (value.digits == 0 && c == QLatin1Char('0') && !point)
+                continue;
+            if (++count > kMaxDigits)
+                return std::nullopt;
+            value.digits = value.digits * 10 + (c.unicode() - u'0');
+            if (point)
+                ++value.scale;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (!any)
+        return std::nullopt;
+    if (negative)
+        value.digits = -value.digits;
+    return value;
+}
+
+// a x b to whole yen, nearest with ties to even; empty outside 32 bits.
+std::optional<Yen> exactProduct(const ExactDecimal &a, const ExactDecimal &b)
+{
+    const __int128 n = a.digits * b.digits;
+    __int128 d = 1;
+    for (int i = 0; i < a.scale + b.scale; ++i)
+        d *= 10;
+    __int128 q = n / d;
+    __int128 r = n % d;
+    if (r < 0) {
+        r += d;
+        --q;
+    }
+    if (2 * r > d || (2 * r == d && q % 2 != 0))
+        ++q;
+    if (q < std::numeric_limits<Yen>::min() || q > std::numeric_limits<Yen>::max())
+        return std::nullopt;
+    return Yen(q);
+}
+
+// The product of two typed numbers; exact when both are plain decimals, else through doubles.
+std::optional<Yen> productToYen(const QString &a, double aValue, const QString &b, double bValue)
+{
+    const auto x = exactDecimal(a);
+    const auto y = exactDecimal(b);
+    if (x && y)
+        return exactProduct(*x, *y);
+    return roundToYen(aValue * bValue);
+}
+
+} // namespace
+
 std::optional<Yen> labourFromIndex(const QString &indexText, std::int16_t rate, Rounding rounding,
                                    Messages &messages)
 {
     const auto index = parseDisplayedNumber(indexText);
     if (!index)
         return std::nullopt;
-    const auto amount = roundToYen(*index * double(rate));
+    const auto amount = productToYen(indexText, *index, QString::number(rate), double(rate));
     if (!amount)
         return std::nullopt;
     if (rounding.digits == 0)
@@ -30,7 +112,7 @@ std::optional<Yen> partTotal(const QString &unitPriceText, const QString &quanti
     const auto quantity = parseDisplayedNumber(quantityText);
     if (!price || !quantity)
         return std::nullopt;
-    return roundToYen(*price * *quantity);
+    return productToYen(unitPriceText, *price, quantityText, *quantity);
 }
 
 QString filterNumericText(const QString &text, bool allowPoint)

@@ -22,7 +22,7 @@ Yen roundAmount(Yen amount, std::int16_t digits, std::int16_t mode, Messages &me
     if (digits < 1 || amount < 0)
         return amount;
     if (digits >= 3) {
-        messages.inform(QStringLiteral("指定数は１０の位までです。"), kAppTitle, MessageIcon::Exclamation);
+        messages.inform(QStringLiteral("指定数は１０の位までです。"), kAppTitle, MessageIcon::None);
         return 0;
     }
     // Short amounts are read as if padded with leading zeros (5 at the tens digit: d 0, r 5).
@@ -47,7 +47,7 @@ Yen roundAmount(Yen amount, std::int16_t digits, std::int16_t mode, Messages &me
     case 3:
         return d != 0 ? shifted(amount, -r) : amount;
     default:
-        messages.inform(QStringLiteral("指定数は３までです。"), kAppTitle, MessageIcon::Exclamation);
+        messages.inform(QStringLiteral("指定数は３までです。"), kAppTitle, MessageIcon::None);
         return 0;
     }
 }

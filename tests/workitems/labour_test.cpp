@@ -40,6 +40,12 @@ INSTANTIATE_TEST_SUITE_P(
         LabourCase{"1.00", 7550, {2, 3}, 7500},
         // Ties go to the even yen: 0.5 × 5 = 2.5 -> 2, 0.5 × 7 = 3.5 -> 4, 0.25 × 10 = 2.5 -> 2.
         LabourCase{"0.5", 5, {0, 1}, 2}, LabourCase{"0.5", 7, {0, 1}, 4}, LabourCase{"0.25", 10, {0, 1}, 2},
+        // Half a yen exactly, though the binary product lies just beside it:
+        // 1.15 × 7,010 = 8,061.5 -> 8,062; 1.09 × 50 = 54.5 -> 54; 0.55 × 110 = 60.5 -> 60.
+        LabourCase{"1.15", 7010, {0, 1}, 8062}, LabourCase{"1.09", 50, {0, 1}, 54},
+        LabourCase{"0.55", 110, {0, 1}, 60},
+        // The shop's rounding starts from that whole yen: 8,062 at the ones digit, half up -> 8,060.
+        LabourCase{"1.15", 7010, {1, 1}, 8060},
         LabourCase{"１．５", 5000, {0, 1}, 7500},  // full-width digits typed through an input method
         LabourCase{"2", 0, {0, 1}, 0},
         LabourCase{"abc", 5000, {0, 1}, std::nullopt},
@@ -65,7 +71,9 @@ TEST_P(PartTotalTable, PriceTimesQuantityNeverShopRounded)
 INSTANTIATE_TEST_SUITE_P(ByHand, PartTotalTable,
                          ::testing::Values(PartCase{"12345", "2", 24690}, PartCase{"7534", "1", 7534},
                                            PartCase{"2.5", "1", 2}, PartCase{"3.5", "1", 4},
-                                           PartCase{"1,200", "3", 3600}, PartCase{"", "2", std::nullopt},
+                                           PartCase{"1,200", "3", 3600},
+                                           PartCase{"1.15", "7010", 8062}, PartCase{"0.55", "110", 60},
+                                           PartCase{"1.09", "50", 54}, PartCase{"", "2", std::nullopt},
                                            PartCase{"100", "", std::nullopt},
                                            PartCase{"2147483647", "2", std::nullopt}));
 

@@ -70,6 +70,7 @@ TEST(RoundAmount, TensDigitWithUnknownModeSaysSoAndGivesZero)
     ASSERT_EQ(messages.shown.size(), 1);
     EXPECT_EQ(messages.lastText(), QStringLiteral("指定数は３までです。"));
     EXPECT_EQ(messages.shown.last().kind, test::ShownMessage::Kind::Inform);
+    EXPECT_EQ(messages.shown.last().icon, MessageIcon::None); // a plain notice, OK only
 }
 
 TEST(RoundAmount, ThreeDigitsOrMoreSaysSoAndGivesZero)
@@ -79,6 +80,7 @@ TEST(RoundAmount, ThreeDigitsOrMoreSaysSoAndGivesZero)
         EXPECT_EQ(roundAmount(7534, digits, 1, messages), 0) << digits;
         ASSERT_EQ(messages.shown.size(), 1);
         EXPECT_EQ(messages.lastText(), QStringLiteral("指定数は１０の位までです。"));
+        EXPECT_EQ(messages.shown.last().icon, MessageIcon::None);
     }
 }
 

@@ -305,6 +305,22 @@ INSTANTIATE_TEST_SUITE_P(ByHand, EditorLabour,
                                            IndexCase{"1", 7550, 2, 3, "7500", "1.00"},
                                            IndexCase{"1a.b5", 5000, 0, 1, "7500", "1.50"}));
 
+TEST_F(EditorFixture, LabourFollowsTheIndexAsReformattedWhenLeft)
+{
+    session.labourRate = 1000;
+    openEditor();
+    QTest::keyClicks(edit("txtSisu"), "1.257");
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("1257"));
+    leave(edit("txtSisu"));
+    // The row shows 1.26 points; its labour is 1.26 × 1,000.
+    EXPECT_EQ(edit("txtSisu")->text(), QStringLiteral("1.26"));
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("1260"));
+    click("cmdAdd");
+    EXPECT_EQ(cell(0, 5), QStringLiteral("1.26"));
+    EXPECT_EQ(cell(0, 6), QStringLiteral("1260"));
+    EXPECT_EQ(label("lblKSum"), QStringLiteral("1,260"));
+}
+
 TEST_F(EditorFixture, MissingRateIsReportedWhenTheIndexIsLeft)
 {
     session.labourRate = 0;
@@ -318,6 +334,38 @@ TEST_F(EditorFixture, MissingRateIsReportedWhenTheIndexIsLeft)
     EXPECT_EQ(messages.shown.last().title, QStringLiteral("注意"));
     EXPECT_EQ(messages.shown.last().icon, MessageIcon::Critical);
     EXPECT_EQ(edit("txtSisu")->text(), QString());
+}
+
+TEST_F(EditorFixture, LeavingAnEmptyIndexWithoutARateSendsTheUserToTheRate)
+{
+    session.labourRate = 0;
+    openEditor();
+    editor->show();
+    QTest::keyClicks(edit("txtKoutin"), "3000");
+    edit("txtSisu")->setFocus();
+    leave(edit("txtSisu"));
+    ASSERT_EQ(messages.shown.size(), 1);
+    EXPECT_EQ(messages.lastText(), QStringLiteral("レーバーレートに金額が入力されておりません。"));
+    EXPECT_EQ(messages.shown.last().icon, MessageIcon::Critical);
+    // The labour typed directly is kept.
+    EXPECT_EQ(edit("txtKoutin")->text(), QStringLiteral("3000"));
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("3000"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edit("txtRato")->hasFocus(); }, 1000));
+    // An index typed without a rate computes nothing and goes when left; the typed labour stays.
+    QTest::keyClicks(edit("txtSisu"), "1");
+    EXPECT_EQ(edit("txtKoutin")->text(), QStringLiteral("3000"));
+    leave(edit("txtSisu"));
+    EXPECT_EQ(messages.shown.size(), 2);
+    EXPECT_EQ(edit("txtSisu")->text(), QString());
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("3000"));
+
+    // Closing the editor with the focus in the index field is not leaving it.
+    edit("txtSisu")->setFocus();
+    QTest::qWait(20);
+    const qsizetype shown = messages.shown.size();
+    click("cmdOK");
+    EXPECT_EQ(messages.shown.size(), shown);
+    EXPECT_EQ(session.rows.size(), 0);
 }
 
 TEST_F(EditorFixture, RateTypedInTheEditorIsUsedAndHandedBack)
