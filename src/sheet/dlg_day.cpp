@@ -75,6 +75,9 @@ void DlgDay::buildUi()
     connect(m_ck1, &QCheckBox::toggled, this, &DlgDay::useTypedDate);
     connect(m_ok2, &QPushButton::clicked, this, &DlgDay::applyTypedDate);
     m_txtHiduke->installEventFilter(this);
+    // A new typed date may be confirmed straight away (OK applies it first), even when the
+    // previous one was refused.
+    connect(m_txtHiduke, &QLineEdit::textEdited, this, [this] { m_ok->setEnabled(true); });
     connect(m_ok, &QPushButton::clicked, this, &DlgDay::confirm);
     connect(cancel, &QPushButton::clicked, this, [this] { cancelByButton(); });
 }

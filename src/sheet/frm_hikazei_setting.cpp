@@ -184,7 +184,8 @@ void FrmHikazeiSetting::startEditing()
     const int row = selectedRow();
     if (row < 0)
         return;
-    m_editingNo = m_entries.at(row).no;
+    m_editing = m_entries.at(row);
+    m_editingNo = m_editing.no;
     setMode(Mode::Editing);
     m_txtH->setFocus();
 }
@@ -206,7 +207,7 @@ void FrmHikazeiSetting::confirm()
         return;
     }
     const bool stored = m_mode == Mode::Adding ? m_store->append(name, *amount)
-                                               : m_store->update(m_editingNo, name, *amount);
+                                               : m_store->update(m_editing, name, *amount);
     if (!stored) {
         m_messages.inform(QStringLiteral("登録できませんでした。\n") + m_store->lastError(), kTitle,
                           MessageIcon::Critical);
@@ -233,7 +234,7 @@ void FrmHikazeiSetting::deleteEntry()
                             QStringLiteral("削除"), MessageIcon::Exclamation) != Answer::Yes)
         return;
     const int no = m_entries.at(row).no;
-    if (!m_store->remove(no)) {
+    if (!m_store->remove(m_entries.at(row))) {
         m_messages.inform(QStringLiteral("削除できませんでした。\n") + m_store->lastError(), kTitle,
                           MessageIcon::Critical);
         return;

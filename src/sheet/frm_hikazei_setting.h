@@ -42,6 +42,7 @@ private:
     QList<NonTaxableEntry> m_entries;
     Mode m_mode = Mode::Browsing;
     int m_editingNo = 0;
+    NonTaxableEntry m_editing;  // the entry being edited
 
     QTableWidget *m_dgh = nullptr;
     QLineEdit *m_txtH = nullptr, *m_txtHzSum = nullptr;

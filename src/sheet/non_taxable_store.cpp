@@ -14,12 +14,13 @@ QList<NonTaxableEntry> NonTaxableStore::entries() const
 {
     QList<NonTaxableEntry> list;
     QSqlQuery q(m_db);
-    if (!q.exec(QStringLiteral("SELECT \"No\", \"koumoku\", \"kingaku\" FROM \"HikazeiDB\" ORDER BY \"No\""))) {
+    if (!q.exec(QStringLiteral(
+            "SELECT \"No\", \"koumoku\", \"kingaku\", rowid FROM \"HikazeiDB\" ORDER BY \"No\", rowid"))) {
         m_error = q.lastError().text();
         return list;
     }
     while (q.next())
-        list.append({q.value(0).toInt(), q.value(1).toString(), Yen(q.value(2).toLongLong())});
+        list.append({q.value(0).toInt(), q.value(1).toString(), Yen(q.value(2).toLongLong()), q.value(3).toLongLong()});
     return list;
 }
 
@@ -81,12 +82,36 @@ bool NonTaxableStore::update(int no, const QString &name, Yen amount)
     return true;
 }
 
+bool NonTaxableStore::update(const NonTaxableEntry &entry, const QString &name, Yen amount)
+{
+    QSqlQuery q(m_db);
+    q.prepare(QStringLiteral("UPDATE \"HikazeiDB\" SET \"koumoku\" = ?, \"kingaku\" = ? WHERE rowid = ?"));
+    q.addBindValue(name);
+    q.addBindValue(amount);
+    q.addBindValue(entry.rowId);
+    if (!q.exec()) {
+        m_error = q.lastError().text();
+        return false;
+    }
+    return true;
+}
+
 bool NonTaxableStore::remove(int no)
+{
+    return removeWhere(QStringLiteral("\"No\" = ?"), no, no);
+}
+
+bool NonTaxableStore::remove(const NonTaxableEntry &entry)
+{
+    return removeWhere(QStringLiteral("rowid = ?"), entry.rowId, entry.no);
+}
+
+bool NonTaxableStore::removeWhere(const QString &condition, const QVariant &key, int no)
 {
     db::TransactionGuard guard(m_db);
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("DELETE FROM \"HikazeiDB\" WHERE \"No\" = ?"));
-    q.addBindValue(no);
+    q.prepare(QStringLiteral("DELETE FROM \"HikazeiDB\" WHERE ") + condition);
+    q.addBindValue(key);
     if (!q.exec()) {
         m_error = q.lastError().text();
         return false;

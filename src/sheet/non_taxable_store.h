@@ -7,6 +7,7 @@
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
+#include <QVariant>
 #include <optional>
 
 namespace est::sheet {
@@ -16,8 +17,13 @@ struct NonTaxableEntry
     int no = 0;        // No
     QString name;      // koumoku
     Yen amount = 0;    // kingaku
+    // The table's own row id: numbers are not unique in a list edited elsewhere (a gap in
+    // the numbering makes the next new entry share a number), so edits and deletions from
+    // the list go by this.
+    qint64 rowId = 0;
 
-    bool operator==(const NonTaxableEntry &) const = default;
+    // Same number, name and amount; where the entry is stored does not count.
+    bool operator==(const NonTaxableEntry &o) const { return no == o.no && name == o.name && amount == o.amount; }
 };
 
 // The list holds at most this many entries.
@@ -39,10 +45,16 @@ public:
     bool update(int no, const QString &name, Yen amount);
     // Removes the entry and numbers the later ones down, so the numbers stay 1..count.
     bool remove(int no);
+    // The same for exactly the entry read by entries(), even when another shares its number.
+    bool update(const NonTaxableEntry &entry, const QString &name, Yen amount);
+    bool remove(const NonTaxableEntry &entry);
 
     QString lastError() const { return m_error; }
 
 private:
+    // Deletes the rows matching `condition` (one bound `key`) and numbers those after `no` down.
+    bool removeWhere(const QString &condition, const QVariant &key, int no);
+
     QSqlDatabase m_db;
     mutable QString m_error;
 };

@@ -141,4 +141,28 @@ TEST(DlgDay, TypedDate)
     EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "190430");
 }
 
+TEST(DlgDay, NewTypedDateAfterARefusedOneCanBeConfirmed)
+{
+    DayFixture x("002", "240104");
+    ASSERT_TRUE(x.open());
+    auto *typed = x.find<QLineEdit>("txtHiduke");
+    auto *ok = x.find<QPushButton>("OKButton");
+    x.find<QCheckBox>("Ck1")->setChecked(true);
+    typed->setText("2024/1/3");
+    x.find<QPushButton>("cmdOk2")->click();
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("日付が違います。正しい日付を入力してください。"));
+    EXPECT_FALSE(ok->isEnabled());
+
+    // Typing a later date and pressing OK issues the number of that date: counter + 1 on the
+    // day of the last slip.
+    typed->selectAll();
+    QTest::keyClicks(typed, "2024/1/4");
+    EXPECT_TRUE(ok->isEnabled());
+    ok->click();
+    EXPECT_EQ(x.dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(x.session.slipNumber, "240104003");
+    EXPECT_EQ(x.session.estimateDate, QStringLiteral("令和6年1月4日"));
+    EXPECT_EQ(x.settings.value("DenpyoNo/DNo").toString(), "003");
+}
+
 } // namespace

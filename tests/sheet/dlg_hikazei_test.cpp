@@ -1,3 +1,4 @@
+#include "db/database.h"
 #include "scripted_messages.h"
 #include "sheet/dlg_hikazei.h"
 #include "sheet/frm_hikazei_setting.h"
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSqlQuery>
 #include <QTableWidget>
 #include <gtest/gtest.h>
 
@@ -232,6 +234,51 @@ TEST(FrmHikazeiSetting, AddEditDeleteAndTheLimit)
     DlgHikazei dialog(session, x.messages, x.folder.path());
     EXPECT_GE(dialog.findChild<QComboBox *>("cboHikazei")->findText(QStringLiteral("最後の項目")), 0);
     EXPECT_GE(dialog.findChild<QComboBox *>("cboHikazei")->findText("Owner's fee"), 0);
+}
+
+// A list whose numbering has a gap (edited outside this screen): the next new entry shares
+// the last number, and editing or deleting one of the two must leave the other alone.
+TEST(FrmHikazeiSetting, EntriesSharingANumberAreEditedOneByOne)
+{
+    test::TempAppFolder folder;
+    test::ScriptedMessages messages;
+    {
+        db::OpenResult opened = db::openDatabase(folder.path(), "Data\\Hikazei.mdb");
+        ASSERT_TRUE(opened.ok());
+        QSqlQuery q(opened.database);
+        ASSERT_TRUE(q.exec("DELETE FROM \"HikazeiDB\" WHERE \"No\" = 2"));
+    }
+    sheet::FrmHikazeiSetting form(messages, folder.path());
+    auto *grid = form.findChild<QTableWidget *>("DGH");
+    auto click = [&form](const char *name) { form.findChild<QPushButton *>(name)->click(); };
+    ASSERT_EQ(grid->rowCount(), 5); // numbers 1, 3, 4, 5, 6
+
+    click("cmdNew");
+    EXPECT_EQ(form.findChild<QLabel *>("lblNo")->text(), "6");
+    form.findChild<QLineEdit *>("txtH")->setText(QStringLiteral("納車費用"));
+    form.findChild<QLineEdit *>("txtHzSum")->setText("3000");
+    click("cmdOK");
+    ASSERT_EQ(grid->rowCount(), 6);
+    EXPECT_EQ(grid->item(4, 0)->text(), "6");
+    EXPECT_EQ(grid->item(4, 1)->text(), QStringLiteral("車庫証明手数料"));
+    EXPECT_EQ(grid->item(5, 0)->text(), "6");
+
+    grid->selectRow(5);
+    click("cmdEdit");
+    form.findChild<QLineEdit *>("txtH")->setText(QStringLiteral("納車費用（県外）"));
+    click("cmdOK");
+    ASSERT_EQ(grid->rowCount(), 6);
+    EXPECT_EQ(grid->item(4, 1)->text(), QStringLiteral("車庫証明手数料"));
+    EXPECT_EQ(grid->item(4, 2)->text(), "2,700");
+    EXPECT_EQ(grid->item(5, 1)->text(), QStringLiteral("納車費用（県外）"));
+
+    grid->selectRow(5);
+    messages.answer(Answer::Yes);
+    click("cmdDel");
+    ASSERT_EQ(grid->rowCount(), 5);
+    EXPECT_EQ(grid->item(4, 0)->text(), "6");
+    EXPECT_EQ(grid->item(4, 1)->text(), QStringLiteral("車庫証明手数料"));
+    EXPECT_EQ(grid->item(4, 2)->text(), "2,700");
 }
 
 } // namespace
