@@ -100,7 +100,10 @@ bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &a
     const QString shownName = session.fileName;
 
     if (!session.editExisting && QFileInfo::exists(target)) {
-        if (session.sheetState >= SheetState::NameChosen) {
+        // The file-name dialog already sets the state to 2, so the state alone would let the
+        // first save of a new estimate replace another estimate of the same name unasked:
+        // only this estimate's own workbook is announced and overwritten.
+        if (session.sheetState >= SheetState::NameChosen && session.workbookPath == target) {
             messages.inform(QStringLiteral("ファイル名　") + shownName + QStringLiteral("を保存します。"), kSaveTitle,
                             MessageIcon::Question);
         } else {

@@ -308,3 +308,43 @@ TEST(SaveEstimate, BrokenTemplateIsNamedAndNothingIsWritten)
                                                     "Excel形式（.xlsx）のブックではありません。"));
     EXPECT_FALSE(QFileInfo::exists(x.saved(x.session.fileName)));
 }
+
+// A new estimate named like a workbook already in the folder: its first save asks before
+// replacing the other estimate; only its own later saves are merely announced.
+TEST(Program, FirstSaveOfANewEstimateOverAnotherWorkbookAsksToDelete)
+{
+    test::Program program;
+    QDir().mkpath(estimatesFolder(program.folder.path()));
+    const QString path = QDir(estimatesFolder(program.folder.path())).filePath(QStringLiteral("240105TEST.xlsx"));
+    QFile other(path);
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("another estimate");
+    other.close();
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    ASSERT_EQ(program.session.sheetState, SheetState::NameChosen);
+    auto *save = c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"));
+    program.messages.clear();
+
+    program.messages.answer(Answer::No);
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 1);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイル名　240105TEST.xlsxは既に存在しています。\n"
+                                                             "既存のファイルを削除しますか？"));
+    EXPECT_EQ(program.messages.shown[0].kind, test::ShownMessage::Kind::YesNo);
+    EXPECT_EQ(program.messages.shown[0].icon, MessageIcon::Question);
+    EXPECT_EQ(fileBytes(path), QByteArray("another estimate"));
+
+    program.messages.answer(Answer::Yes);
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 2);
+    EXPECT_NE(fileBytes(path), QByteArray("another estimate"));
+
+    program.messages.clear();
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 1);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイル名　240105TEST.xlsxを保存します。"));
+    EXPECT_EQ(program.messages.shown[0].kind, test::ShownMessage::Kind::Inform);
+}
