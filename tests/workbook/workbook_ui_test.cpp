@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -347,4 +348,34 @@ TEST(Program, FirstSaveOfANewEstimateOverAnotherWorkbookAsksToDelete)
     ASSERT_EQ(program.messages.shown.size(), 1);
     EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイル名　240105TEST.xlsxを保存します。"));
     EXPECT_EQ(program.messages.shown[0].kind, test::ShownMessage::Kind::Inform);
+}
+
+// A workbook chosen in a subfolder of the estimates folder is read from that subfolder, not
+// from a workbook of the same name in the estimates folder itself.
+TEST(DlgOpen, FileInASubfolderIsReadFromThere)
+{
+    Fixture x;
+    const QString dir = estimatesFolder(x.folder.path());
+    ASSERT_TRUE(QDir().mkpath(QDir(dir).filePath(QStringLiteral("2023"))));
+    x.session = test::randomEstimate(11);
+    x.session.editExisting = true;
+    x.session.header.customerName = QStringLiteral("古い見積");
+    x.session.fileName = QStringLiteral("2023/240105A.xlsx");
+    ASSERT_TRUE(x.store.save());
+    x.session.header.customerName = QStringLiteral("新しい見積");
+    x.session.fileName = QStringLiteral("240105A.xlsx");
+    ASSERT_TRUE(x.store.save());
+
+    Session opened;
+    DlgOpen dialog(dir, [&](const QString &name) { return openEstimateWorkbook(opened, x.messages, x.folder.path(), name); },
+                   x.messages);
+    auto *folders = dialog.findChild<QTreeWidget *>(QStringLiteral("Dir1"));
+    auto *files = dialog.findChild<QListWidget *>(QStringLiteral("File1"));
+    ASSERT_TRUE(folders && files);
+    folders->setCurrentItem(folders->findItems(QStringLiteral("2023"), Qt::MatchExactly | Qt::MatchRecursive).first());
+    files->setCurrentItem(files->findItems(QStringLiteral("240105A.xlsx"), Qt::MatchExactly).first());
+    dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted) << x.messages.lastText().toStdString();
+    EXPECT_EQ(opened.header.customerName, QStringLiteral("古い見積"));
+    EXPECT_EQ(opened.fileName, QStringLiteral("2023/240105A.xlsx"));
 }
