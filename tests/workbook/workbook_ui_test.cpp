@@ -379,3 +379,26 @@ TEST(DlgOpen, FileInASubfolderIsReadFromThere)
     EXPECT_EQ(opened.header.customerName, QStringLiteral("古い見積"));
     EXPECT_EQ(opened.fileName, QStringLiteral("2023/240105A.xlsx"));
 }
+
+// The wait window is shown around the writing only: gone before a failure is reported.
+TEST(SaveEstimate, WaitWindowIsGoneBeforeAFailureIsReported)
+{
+    Fixture x;
+    x.session = test::randomEstimate(12);
+    x.session.fileName = QStringLiteral("240105W.xlsx");
+    x.session.editExisting = true;
+    QStringList events;
+    SaveHooks hooks;
+    hooks.showWait = [&] { events.append(QStringLiteral("show")); };
+    hooks.hideWait = [&] { events.append(QStringLiteral("hide after %1 messages").arg(x.messages.shown.size())); };
+    hooks.fault = [](SaveStep s, const QString &) { return s == SaveStep::Write; };
+    EXPECT_FALSE(saveEstimateWorkbook(x.session, x.messages, x.folder.path(), hooks));
+    EXPECT_EQ(events, (QStringList{QStringLiteral("show"), QStringLiteral("hide after 0 messages")}));
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_TRUE(x.messages.lastText().startsWith(QStringLiteral("ファイル名　240105W.xlsxを保存できませんでした。\n")));
+
+    events.clear();
+    hooks.fault = {};
+    EXPECT_TRUE(saveEstimateWorkbook(x.session, x.messages, x.folder.path(), hooks));
+    EXPECT_EQ(events, (QStringList{QStringLiteral("show"), QStringLiteral("hide after 1 messages")}));
+}
