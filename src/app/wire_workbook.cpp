@@ -15,6 +15,7 @@ void wireWorkbook(AppContext &context)
     // A new estimate has no workbook of its own yet.
     context.newEstimateSteps.prepend([store, &context] {
         context.session.workbookPath.clear();
+        context.session.fileNameText.clear();
         return store->askFileName();
     });
     context.openEstimateSteps.append([store] { return store->askOpen(); });

@@ -402,3 +402,39 @@ TEST(SaveEstimate, WaitWindowIsGoneBeforeAFailureIsReported)
     EXPECT_TRUE(saveEstimateWorkbook(x.session, x.messages, x.folder.path(), hooks));
     EXPECT_EQ(events, (QStringList{QStringLiteral("show"), QStringLiteral("hide after 1 messages")}));
 }
+
+// "終了" on a new estimate that was named and saved: the file-name dialog offers the chosen
+// text, so OK writes over the estimate's own workbook after the announcement.
+TEST(Program, EndingANamedEstimateOffersItsName)
+{
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    program.dialogs.on("dlgFname", [](QWidget *d) {
+        QTest::keyClicks(d->findChild<QLineEdit *>(QStringLiteral("txtFname")), QStringLiteral("ABC"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+    const QString path = QDir(estimatesFolder(program.folder.path())).filePath(QStringLiteral("240105ABC.xlsx"));
+    ASSERT_TRUE(QFileInfo::exists(path));
+
+    QString offered;
+    program.dialogs.on("dlgFname", [&offered](QWidget *d) {
+        offered = d->findChild<QLabel *>(QStringLiteral("lblFname"))->text();
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    program.session.header.customerName = QStringLiteral("終了前");
+    program.messages.clear();
+    program.messages.answer(Answer::Yes);
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(offered, QStringLiteral("240105ABC.xlsx"));
+    ASSERT_EQ(program.messages.shown.size(), 2);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイルを保存しますか？"));
+    EXPECT_EQ(program.messages.shown[1].text, QStringLiteral("ファイル名　240105ABC.xlsxを保存します。"));
+    Session back;
+    ASSERT_TRUE(openEstimateWorkbook(back, program.messages, program.folder.path(), QStringLiteral("240105ABC.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("終了前"));
+    EXPECT_EQ(QDir(estimatesFolder(program.folder.path())).entryList(QDir::Files).size(), 1);
+}
