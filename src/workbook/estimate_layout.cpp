@@ -284,7 +284,8 @@ void readHeader(const CellReader &d, Session &s)
     s.figures.rememberedRate = rate > 0 ? QString::number(rate) : QStringLiteral("0");
     d.read(2, L, h.memo);
     d.read(2, M, s.estimateDate);
-    d.read(2, N, s.figures.discountAmount);
+    // An amount typed by hand is stored as typed; the sheet shows it as an amount again.
+    s.figures.discountAmount = reformatThousands(d.text(2, N));
     d.read(2, O, s.fileNameText);
 }
 

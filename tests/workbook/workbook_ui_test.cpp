@@ -438,3 +438,62 @@ TEST(Program, EndingANamedEstimateOffersItsName)
     EXPECT_EQ(back.header.customerName, QStringLiteral("終了前"));
     EXPECT_EQ(QDir(estimatesFolder(program.folder.path())).entryList(QDir::Files).size(), 1);
 }
+
+// The discount and the advance typed on the sheet come back on the sheet after reopening.
+struct TypedFigures
+{
+    const char *rate;     // typed into txtNebiki1 (empty: the amount is typed instead)
+    const char *amount;   // typed into txtNebiki2 when no rate is typed
+    const char *advance;
+    const char *shownRate, *shownAmount, *afterDiscount, *due;
+};
+
+class ReopenedFigures : public testing::TestWithParam<TypedFigures>
+{
+};
+
+TEST_P(ReopenedFigures, ShowAsBefore)
+{
+    const TypedFigures &t = GetParam();
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    program.session.totals.workTotalA = 100000;
+    c.sheet->refresh();
+    auto *rate = program.sheetChild<QLineEdit>("txtNebiki1");
+    auto *amount = program.sheetChild<QLineEdit>("txtNebiki2");
+    auto *advance = program.sheetChild<QLineEdit>("txtAzukari");
+    if (*t.rate) {
+        rate->setFocus();
+        QTest::keyClicks(rate, QString::fromLatin1(t.rate));
+        amount->setFocus();
+    } else {
+        QTest::keyClicks(amount, QString::fromLatin1(t.amount));
+    }
+    QTest::keyClicks(advance, QString::fromLatin1(t.advance));
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+
+    c.sheet->hide();
+    c.sheet->clearEstimate();
+    c.start->show();
+    program.dialogs.on("dlgOpen", [](QWidget *d) {
+        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdHen")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    EXPECT_EQ(rate->text(), QString::fromUtf8(t.shownRate));
+    EXPECT_EQ(amount->text(), QString::fromUtf8(t.shownAmount));
+    EXPECT_EQ(program.sheetChild<QLabel>("lblNGo")->text(), QString::fromUtf8(t.afterDiscount));
+    EXPECT_EQ(advance->text(), QString::fromUtf8(t.advance));
+    EXPECT_EQ(program.sheetChild<QLabel>("lblSeikyu")->text(), QString::fromUtf8(t.due));
+}
+
+// Work total 100,000; no company block, so no tax: the amount due is after discount less advance.
+INSTANTIATE_TEST_SUITE_P(
+    Sheet, ReopenedFigures,
+    testing::Values(TypedFigures{"10", "", "5,000", "10", "10,000", "90,000", "85,000"},
+                    TypedFigures{"", "2500", "5,000", "", "2,500", "97,500", "92,500"}));
