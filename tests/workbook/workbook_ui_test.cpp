@@ -17,6 +17,7 @@
 #include "workbook/workbook_store.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -497,3 +498,41 @@ INSTANTIATE_TEST_SUITE_P(
     Sheet, ReopenedFigures,
     testing::Values(TypedFigures{"10", "", "5,000", "10", "10,000", "90,000", "85,000"},
                     TypedFigures{"", "2500", "5,000", "", "2,500", "97,500", "92,500"}));
+
+// Every header field and the document kind typed on the sheet come back after reopening.
+TEST(Program, HeaderFieldsComeBackOnTheSheet)
+{
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    const char *fields[] = {"txtName", "txtKaisya", "txtSname", "txtSyatai", "txtSnen", "txtKm",
+                            "txtTouroku", "txtKata", "txtRui", "txtColer", "txtEg", "txtMemo"};
+    int n = 0;
+    for (const char *name : fields) {
+        auto *edit = program.sheetChild<QLineEdit>(name);
+        ASSERT_TRUE(edit) << name;
+        edit->setText(QStringLiteral("値%1").arg(++n));
+    }
+    auto *kind = program.sheetChild<QComboBox>("cboHdai");
+    ASSERT_TRUE(kind);
+    kind->setCurrentIndex(6);
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+
+    c.sheet->hide();
+    c.sheet->clearEstimate();
+    c.start->show();
+    program.dialogs.on("dlgOpen", [](QWidget *d) {
+        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdHen")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    n = 0;
+    for (const char *name : fields)
+        EXPECT_EQ(program.sheetChild<QLineEdit>(name)->text(), QStringLiteral("値%1").arg(++n)) << name;
+    EXPECT_EQ(kind->currentIndex(), 6);
+    EXPECT_EQ(program.sheetChild<QLabel>("lblKBun")->text(), QStringLiteral("御請求金額"));
+}
