@@ -12,7 +12,12 @@ void wireWorkbook(AppContext &context)
                                               context.wait, nullptr, context.sheet);
     context.sheet->setStore(store);
     // The file name comes first in a new estimate, before the date and rate dialogs.
-    context.newEstimateSteps.prepend([store] { return store->askFileName(); });
+    // A new estimate has no workbook of its own yet.
+    context.newEstimateSteps.prepend([store, &context] {
+        context.session.workbookPath.clear();
+        context.session.fileNameText.clear();
+        return store->askFileName();
+    });
     context.openEstimateSteps.append([store] { return store->askOpen(); });
     context.startupSteps.append([&context] {
         QString error;

@@ -49,6 +49,12 @@ QString DlgFname::typedText() const
     return m_text->text();
 }
 
+void DlgFname::setTypedText(const QString &text)
+{
+    m_text->setText(text);
+    m_text->selectAll();
+}
+
 QString DlgFname::fileName() const
 {
     return m_name->text();

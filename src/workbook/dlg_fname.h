@@ -17,6 +17,7 @@ public:
     DlgFname(const Clock &clock, Messages &messages, QWidget *parent = nullptr);
 
     QString typedText() const;   // txtFname
+    void setTypedText(const QString &text);
     QString fileName() const;    // lblFname
 
 private:

@@ -32,7 +32,7 @@ void addFolders(QTreeWidgetItem *parent, const QString &path, int depth)
 } // namespace
 
 DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidget *parent)
-    : ui::GuardedDialog(messages, parent), m_loader(std::move(loader))
+    : ui::GuardedDialog(messages, parent), m_loader(std::move(loader)), m_root(folder)
 {
     setObjectName(QStringLiteral("dlgOpen"));
     setWindowTitle(QStringLiteral("見積ファイルを開く"));
@@ -80,6 +80,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
 
 void DlgOpen::showFolder(const QString &path)
 {
+    m_shown = path;
     m_files->clear();
     m_files->addItems(QDir(path).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name));
 }
@@ -98,7 +99,9 @@ void DlgOpen::load()
                           QStringLiteral("警告！"), MessageIcon::Critical);
         return;
     }
-    if (m_loader && m_loader(name))
+    // A file in a subfolder is read from there, not from a namesake in the estimates folder.
+    const QString relative = QDir(m_root).relativeFilePath(QDir(m_shown).filePath(name));
+    if (m_loader && m_loader(relative))
         accept();
 }
 

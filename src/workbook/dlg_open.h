@@ -15,7 +15,8 @@ class DlgOpen : public ui::GuardedDialog
 {
     Q_OBJECT
 public:
-    // The loader reads the named workbook into the estimate; true when it did.
+    // The loader reads the named workbook into the estimate; true when it did. The name is
+    // relative to the estimates folder ("sub/240105A.xlsx" for a file in a subfolder).
     using Loader = std::function<bool(const QString &fileName)>;
 
     DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidget *parent = nullptr);
@@ -27,6 +28,8 @@ private:
     void showFolder(const QString &path);
 
     Loader m_loader;
+    QString m_root;
+    QString m_shown;   // the folder whose files File1 lists
     QTreeWidget *m_dirs;
     QListWidget *m_files;
 };

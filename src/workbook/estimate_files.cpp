@@ -100,7 +100,10 @@ bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &a
     const QString shownName = session.fileName;
 
     if (!session.editExisting && QFileInfo::exists(target)) {
-        if (session.sheetState >= SheetState::NameChosen) {
+        // The file-name dialog already sets the state to 2, so the state alone would let the
+        // first save of a new estimate replace another estimate of the same name unasked:
+        // only this estimate's own workbook is announced and overwritten.
+        if (session.sheetState >= SheetState::NameChosen && session.workbookPath == target) {
             messages.inform(QStringLiteral("ファイル名　") + shownName + QStringLiteral("を保存します。"), kSaveTitle,
                             MessageIcon::Question);
         } else {
@@ -115,25 +118,29 @@ bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &a
         }
     }
 
-    WaitGuard wait(hooks);
     session.sheetState = SheetState::NameChosen;
     QString reason;
-    bool templateBroken = false;
-    try {
-        if (!QDir().mkpath(folder))
-            throw WorkbookError(ErrorKind::WriteFailed, folder);
-        QString templateError;
-        if (!ensureTemplate(appFolder, &templateError))
-            throw WorkbookError(ErrorKind::WriteFailed, templateError);
-        writeEstimateWorkbook(templatePath(appFolder), session, target, hooks.fault, &templateBroken);
-        session.workbookPath = target;
-        return true;
-    } catch (const WorkbookError &e) {
-        // A broken template is named, so that the shop can replace it.
-        reason = templateBroken ? QStringLiteral("見積書のひな形（temp/newfile.xlsx）を読み込めません。\n") + describeError(e)
-                                : describeError(e);
-    } catch (const std::exception &e) {
-        reason = QString::fromUtf8(e.what());
+    {
+        // The wait window goes before any failure is reported, so it never sits under the message.
+        WaitGuard wait(hooks);
+        bool templateBroken = false;
+        try {
+            if (!QDir().mkpath(folder))
+                throw WorkbookError(ErrorKind::WriteFailed, folder);
+            QString templateError;
+            if (!ensureTemplate(appFolder, &templateError))
+                throw WorkbookError(ErrorKind::WriteFailed, templateError);
+            writeEstimateWorkbook(templatePath(appFolder), session, target, hooks.fault, &templateBroken);
+            session.workbookPath = target;
+            return true;
+        } catch (const WorkbookError &e) {
+            // A broken template is named, so that the shop can replace it.
+            reason = templateBroken
+                         ? QStringLiteral("見積書のひな形（temp/newfile.xlsx）を読み込めません。\n") + describeError(e)
+                         : describeError(e);
+        } catch (const std::exception &e) {
+            reason = QString::fromUtf8(e.what());
+        }
     }
     messages.inform(QStringLiteral("ファイル名　") + shownName + QStringLiteral("を保存できませんでした。\n") + reason,
                     kSaveTitle, MessageIcon::Critical);

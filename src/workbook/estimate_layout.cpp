@@ -272,18 +272,20 @@ void readHeader(const CellReader &d, Session &s)
     d.read(2, B, s.totals.labour);
     d.read(2, C, s.totals.parts);
     d.read(2, D, s.totals.paintTotalB);
-    std::int32_t advance = 0;
+    std::int32_t advance = yenOf(s.figures.advance);
     d.read(2, F, advance);
     s.figures.advance = formatThousands(advance);
     d.read(2, H, s.roundDigits);
     d.read(2, I, s.roundMode);
-    std::int16_t rate = 0;
+    const auto shownRate = parseDisplayedNumber(s.figures.discountRate);
+    std::int16_t rate = shownRate ? roundToInt16(*shownRate).value_or(0) : std::int16_t(0);
     d.read(2, J, rate);
     s.figures.discountRate = rate != 0 ? QString::number(rate) : QString();
     s.figures.rememberedRate = rate > 0 ? QString::number(rate) : QStringLiteral("0");
     d.read(2, L, h.memo);
     d.read(2, M, s.estimateDate);
-    d.read(2, N, s.figures.discountAmount);
+    // An amount typed by hand is stored as typed; the sheet shows it as an amount again.
+    s.figures.discountAmount = reformatThousands(d.text(2, N));
     d.read(2, O, s.fileNameText);
 }
 
@@ -321,7 +323,10 @@ void readNonTaxable(const CellReader &d, Session &s)
 {
     const int upper = d.count(8, L, -1, kMaxNonTaxableItems - 1, "L8");
     NonTaxableItems &items = s.nonTaxable;
-    items = NonTaxableItems();
+    NonTaxableItems read;
+    read.present = items.present;
+    read.sum = items.sum;
+    items = std::move(read);
     d.read(8, M, items.present);
     d.read(8, N, items.sum);
     for (int j = 0; j <= upper; ++j) {

@@ -20,6 +20,8 @@ WorkbookStore::WorkbookStore(Session &session, Messages &messages, const Clock &
 bool WorkbookStore::askFileName()
 {
     DlgFname dialog(m_clock, m_messages, m_dialogParent);
+    // Asked again when ending: the name already chosen is offered, so OK keeps it.
+    dialog.setTypedText(m_session.fileNameText);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     m_session.fileName = dialog.fileName();

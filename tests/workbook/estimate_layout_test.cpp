@@ -223,6 +223,40 @@ TEST(EstimateReading, ValuesThatDoNotConvertKeepTheirTarget)
     EXPECT_EQ(back.header.customerName, s.header.customerName);
 }
 
+TEST(EstimateReading, SlipNumberReadsBackAsNineDigits)
+{
+    auto book = Workbook::fromBytes(saved(Session()));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    d->setInt32(1, 1, 240105);
+    EXPECT_EQ(reread(book->toBytes()).slipNumber, QStringLiteral("000240105"));
+    d->setText(1, 1, QStringLiteral("12"));
+    EXPECT_EQ(reread(book->toBytes()).slipNumber, QStringLiteral("000000012"));
+}
+
+TEST(EstimateReading, FiguresThatDoNotConvertKeepTheirTarget)
+{
+    Session s = test::randomEstimate(6);
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *d = book->sheet(QStringLiteral("D"));
+    for (const char *cell : {"F2", "J2", "M8", "N8"}) {
+        const auto address = parseCellAddress(cell);
+        d->setText(address->row, address->column, QStringLiteral("abc"));
+    }
+    Session into;
+    into.figures.advance = QStringLiteral("1,000");
+    into.figures.discountRate = QStringLiteral("5");
+    into.nonTaxable.present = true;
+    into.nonTaxable.sum = 300;
+    const Session back = reread(book->toBytes(), into);
+    EXPECT_EQ(back.figures.advance, QStringLiteral("1,000"));
+    EXPECT_EQ(back.figures.discountRate, QStringLiteral("5"));
+    EXPECT_EQ(back.figures.rememberedRate, QStringLiteral("5"));
+    EXPECT_TRUE(back.nonTaxable.present);
+    EXPECT_EQ(back.nonTaxable.sum, 300);
+    EXPECT_EQ(back.figures.nonTaxable, QStringLiteral("300"));
+    EXPECT_EQ(back.nonTaxable.names, s.nonTaxable.names);
+}
+
 struct BadCount
 {
     const char *sheet;
@@ -271,3 +305,54 @@ TEST(EstimateReading, WorkbookWithoutDataSheetsIsNotAnEstimate)
     EXPECT_THROW(readEstimate(*book, s), WorkbookError);
     EXPECT_THROW(writeEstimate(*book, s), WorkbookError);
 }
+
+// Every fixed cell of both sheets carries its value type: T text, N number (16- or 32-bit
+// integer), B boolean, - not written.
+struct CellTypes
+{
+    const char *sheet;
+    int row;
+    const char *types;   // one letter per column from A
+};
+
+class FixedCellTypes : public testing::TestWithParam<CellTypes>
+{
+};
+
+TEST_P(FixedCellTypes, AreKept)
+{
+    const CellTypes &t = GetParam();
+    Session s = test::fullEstimate(7);
+    s.header.customerCompany = QStringLiteral("株式会社テスト");
+    s.header.memo = QStringLiteral("備考");
+    s.estimateDate = QStringLiteral("令和6年1月5日");
+    s.figures.discountAmount = QStringLiteral("1,000");
+    s.fileNameText = QStringLiteral("ABC");
+    s.paint.highFunctionBaseIndex = QStringLiteral("1.2");
+    s.paint.highFunctionMaterialIndex = QStringLiteral("0.8");
+    s.paint.vehicleClass = QStringLiteral("普通");
+    s.paint.materialCoefficient = QStringLiteral("1.05");
+    auto book = Workbook::fromBytes(saved(s));
+    Worksheet *sheet = book->sheet(QString::fromLatin1(t.sheet));
+    ASSERT_TRUE(sheet);
+    const QByteArray types(t.types);
+    for (int c = 0; c < types.size(); ++c) {
+        const CellValue v = sheet->value(t.row, c + 1);
+        SCOPED_TRACE(testing::Message() << t.sheet << "!" << char('A' + c) << t.row);
+        switch (types.at(c)) {
+        case 'T': EXPECT_TRUE(std::holds_alternative<QString>(v)); break;
+        case 'N': EXPECT_TRUE(std::holds_alternative<double>(v)); break;
+        case 'B': EXPECT_TRUE(std::holds_alternative<bool>(v)); break;
+        default: EXPECT_TRUE(std::holds_alternative<std::monostate>(v)); break;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sheets, FixedCellTypes,
+                         testing::Values(CellTypes{"D", 1, "TTTTTTTTTTTBNTNNTNT"},
+                                         CellTypes{"D", 2, "NNNNBN-NNNNTTTTNN"},
+                                         CellTypes{"D", 8, "TTTTTTTTTTTNBN"},
+                                         CellTypes{"P", 1, "TBN"},
+                                         CellTypes{"P", 3, "TBN"},
+                                         CellTypes{"P", 10, "TN-TTTT"},
+                                         CellTypes{"P", 12, "TNNNNTBT"}));

@@ -17,6 +17,7 @@
 #include "workbook/workbook_store.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +25,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -307,4 +309,230 @@ TEST(SaveEstimate, BrokenTemplateIsNamedAndNothingIsWritten)
                                                     "見積書のひな形（temp/newfile.xlsx）を読み込めません。\n"
                                                     "Excel形式（.xlsx）のブックではありません。"));
     EXPECT_FALSE(QFileInfo::exists(x.saved(x.session.fileName)));
+}
+
+// A new estimate named like a workbook already in the folder: its first save asks before
+// replacing the other estimate; only its own later saves are merely announced.
+TEST(Program, FirstSaveOfANewEstimateOverAnotherWorkbookAsksToDelete)
+{
+    test::Program program;
+    QDir().mkpath(estimatesFolder(program.folder.path()));
+    const QString path = QDir(estimatesFolder(program.folder.path())).filePath(QStringLiteral("240105TEST.xlsx"));
+    QFile other(path);
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("another estimate");
+    other.close();
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    ASSERT_EQ(program.session.sheetState, SheetState::NameChosen);
+    auto *save = c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"));
+    program.messages.clear();
+
+    program.messages.answer(Answer::No);
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 1);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイル名　240105TEST.xlsxは既に存在しています。\n"
+                                                             "既存のファイルを削除しますか？"));
+    EXPECT_EQ(program.messages.shown[0].kind, test::ShownMessage::Kind::YesNo);
+    EXPECT_EQ(program.messages.shown[0].icon, MessageIcon::Question);
+    EXPECT_EQ(fileBytes(path), QByteArray("another estimate"));
+
+    program.messages.answer(Answer::Yes);
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 2);
+    EXPECT_NE(fileBytes(path), QByteArray("another estimate"));
+
+    program.messages.clear();
+    save->click();
+    ASSERT_EQ(program.messages.shown.size(), 1);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイル名　240105TEST.xlsxを保存します。"));
+    EXPECT_EQ(program.messages.shown[0].kind, test::ShownMessage::Kind::Inform);
+}
+
+// A workbook chosen in a subfolder of the estimates folder is read from that subfolder, not
+// from a workbook of the same name in the estimates folder itself.
+TEST(DlgOpen, FileInASubfolderIsReadFromThere)
+{
+    Fixture x;
+    const QString dir = estimatesFolder(x.folder.path());
+    ASSERT_TRUE(QDir().mkpath(QDir(dir).filePath(QStringLiteral("2023"))));
+    x.session = test::randomEstimate(11);
+    x.session.editExisting = true;
+    x.session.header.customerName = QStringLiteral("古い見積");
+    x.session.fileName = QStringLiteral("2023/240105A.xlsx");
+    ASSERT_TRUE(x.store.save());
+    x.session.header.customerName = QStringLiteral("新しい見積");
+    x.session.fileName = QStringLiteral("240105A.xlsx");
+    ASSERT_TRUE(x.store.save());
+
+    Session opened;
+    DlgOpen dialog(dir, [&](const QString &name) { return openEstimateWorkbook(opened, x.messages, x.folder.path(), name); },
+                   x.messages);
+    auto *folders = dialog.findChild<QTreeWidget *>(QStringLiteral("Dir1"));
+    auto *files = dialog.findChild<QListWidget *>(QStringLiteral("File1"));
+    ASSERT_TRUE(folders && files);
+    folders->setCurrentItem(folders->findItems(QStringLiteral("2023"), Qt::MatchExactly | Qt::MatchRecursive).first());
+    files->setCurrentItem(files->findItems(QStringLiteral("240105A.xlsx"), Qt::MatchExactly).first());
+    dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted) << x.messages.lastText().toStdString();
+    EXPECT_EQ(opened.header.customerName, QStringLiteral("古い見積"));
+    EXPECT_EQ(opened.fileName, QStringLiteral("2023/240105A.xlsx"));
+}
+
+// The wait window is shown around the writing only: gone before a failure is reported.
+TEST(SaveEstimate, WaitWindowIsGoneBeforeAFailureIsReported)
+{
+    Fixture x;
+    x.session = test::randomEstimate(12);
+    x.session.fileName = QStringLiteral("240105W.xlsx");
+    x.session.editExisting = true;
+    QStringList events;
+    SaveHooks hooks;
+    hooks.showWait = [&] { events.append(QStringLiteral("show")); };
+    hooks.hideWait = [&] { events.append(QStringLiteral("hide after %1 messages").arg(x.messages.shown.size())); };
+    hooks.fault = [](SaveStep s, const QString &) { return s == SaveStep::Write; };
+    EXPECT_FALSE(saveEstimateWorkbook(x.session, x.messages, x.folder.path(), hooks));
+    EXPECT_EQ(events, (QStringList{QStringLiteral("show"), QStringLiteral("hide after 0 messages")}));
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_TRUE(x.messages.lastText().startsWith(QStringLiteral("ファイル名　240105W.xlsxを保存できませんでした。\n")));
+
+    events.clear();
+    hooks.fault = {};
+    EXPECT_TRUE(saveEstimateWorkbook(x.session, x.messages, x.folder.path(), hooks));
+    EXPECT_EQ(events, (QStringList{QStringLiteral("show"), QStringLiteral("hide after 1 messages")}));
+}
+
+// "終了" on a new estimate that was named and saved: the file-name dialog offers the chosen
+// text, so OK writes over the estimate's own workbook after the announcement.
+TEST(Program, EndingANamedEstimateOffersItsName)
+{
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    program.dialogs.on("dlgFname", [](QWidget *d) {
+        QTest::keyClicks(d->findChild<QLineEdit *>(QStringLiteral("txtFname")), QStringLiteral("ABC"));
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+    const QString path = QDir(estimatesFolder(program.folder.path())).filePath(QStringLiteral("240105ABC.xlsx"));
+    ASSERT_TRUE(QFileInfo::exists(path));
+
+    QString offered;
+    program.dialogs.on("dlgFname", [&offered](QWidget *d) {
+        offered = d->findChild<QLabel *>(QStringLiteral("lblFname"))->text();
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    program.session.header.customerName = QStringLiteral("終了前");
+    program.messages.clear();
+    program.messages.answer(Answer::Yes);
+    EXPECT_TRUE(c.sheet->confirmEnd());
+    EXPECT_EQ(offered, QStringLiteral("240105ABC.xlsx"));
+    ASSERT_EQ(program.messages.shown.size(), 2);
+    EXPECT_EQ(program.messages.shown[0].text, QStringLiteral("ファイルを保存しますか？"));
+    EXPECT_EQ(program.messages.shown[1].text, QStringLiteral("ファイル名　240105ABC.xlsxを保存します。"));
+    Session back;
+    ASSERT_TRUE(openEstimateWorkbook(back, program.messages, program.folder.path(), QStringLiteral("240105ABC.xlsx")));
+    EXPECT_EQ(back.header.customerName, QStringLiteral("終了前"));
+    EXPECT_EQ(QDir(estimatesFolder(program.folder.path())).entryList(QDir::Files).size(), 1);
+}
+
+// The discount and the advance typed on the sheet come back on the sheet after reopening.
+struct TypedFigures
+{
+    const char *rate;     // typed into txtNebiki1 (empty: the amount is typed instead)
+    const char *amount;   // typed into txtNebiki2 when no rate is typed
+    const char *advance;
+    const char *shownRate, *shownAmount, *afterDiscount, *due;
+};
+
+class ReopenedFigures : public testing::TestWithParam<TypedFigures>
+{
+};
+
+TEST_P(ReopenedFigures, ShowAsBefore)
+{
+    const TypedFigures &t = GetParam();
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    program.session.totals.workTotalA = 100000;
+    c.sheet->refresh();
+    auto *rate = program.sheetChild<QLineEdit>("txtNebiki1");
+    auto *amount = program.sheetChild<QLineEdit>("txtNebiki2");
+    auto *advance = program.sheetChild<QLineEdit>("txtAzukari");
+    if (*t.rate) {
+        rate->setFocus();
+        QTest::keyClicks(rate, QString::fromLatin1(t.rate));
+        amount->setFocus();
+    } else {
+        QTest::keyClicks(amount, QString::fromLatin1(t.amount));
+    }
+    QTest::keyClicks(advance, QString::fromLatin1(t.advance));
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+
+    c.sheet->hide();
+    c.sheet->clearEstimate();
+    c.start->show();
+    program.dialogs.on("dlgOpen", [](QWidget *d) {
+        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdHen")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    EXPECT_EQ(rate->text(), QString::fromUtf8(t.shownRate));
+    EXPECT_EQ(amount->text(), QString::fromUtf8(t.shownAmount));
+    EXPECT_EQ(program.sheetChild<QLabel>("lblNGo")->text(), QString::fromUtf8(t.afterDiscount));
+    EXPECT_EQ(advance->text(), QString::fromUtf8(t.advance));
+    EXPECT_EQ(program.sheetChild<QLabel>("lblSeikyu")->text(), QString::fromUtf8(t.due));
+}
+
+// Work total 100,000; no company block, so no tax: the amount due is after discount less advance.
+INSTANTIATE_TEST_SUITE_P(
+    Sheet, ReopenedFigures,
+    testing::Values(TypedFigures{"10", "", "5,000", "10", "10,000", "90,000", "85,000"},
+                    TypedFigures{"", "2500", "5,000", "", "2,500", "97,500", "92,500"}));
+
+// Every header field and the document kind typed on the sheet come back after reopening.
+TEST(Program, HeaderFieldsComeBackOnTheSheet)
+{
+    test::Program program;
+    program.start();
+    app::AppContext &c = program.context();
+    c.start->button("cmdSin")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    const char *fields[] = {"txtName", "txtKaisya", "txtSname", "txtSyatai", "txtSnen", "txtKm",
+                            "txtTouroku", "txtKata", "txtRui", "txtColer", "txtEg", "txtMemo"};
+    int n = 0;
+    for (const char *name : fields) {
+        auto *edit = program.sheetChild<QLineEdit>(name);
+        ASSERT_TRUE(edit) << name;
+        edit->setText(QStringLiteral("値%1").arg(++n));
+    }
+    auto *kind = program.sheetChild<QComboBox>("cboHdai");
+    ASSERT_TRUE(kind);
+    kind->setCurrentIndex(6);
+    c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+
+    c.sheet->hide();
+    c.sheet->clearEstimate();
+    c.start->show();
+    program.dialogs.on("dlgOpen", [](QWidget *d) {
+        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    c.start->button("cmdHen")->click();
+    ASSERT_TRUE(c.sheet->isVisible());
+    n = 0;
+    for (const char *name : fields)
+        EXPECT_EQ(program.sheetChild<QLineEdit>(name)->text(), QStringLiteral("値%1").arg(++n)) << name;
+    EXPECT_EQ(kind->currentIndex(), 6);
+    EXPECT_EQ(program.sheetChild<QLabel>("lblKBun")->text(), QStringLiteral("御請求金額"));
 }
