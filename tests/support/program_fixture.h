@@ -16,6 +16,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSettings>
 #include <memory>
@@ -59,6 +60,24 @@ struct Program
             messages.clear();
     }
     app::AppContext &context() { return controller->context(); }
+
+    // Leaves the sheet for the start dialog and opens the saved estimate `fileName` from
+    // Mitsumori through dlgOpen, as a person would.
+    void reopen(const QString &fileName)
+    {
+        context().sheet->hide();
+        context().sheet->clearEstimate();
+        context().start->show();
+        dialogs.on(QStringLiteral("dlgOpen"), [fileName](QWidget *d) {
+            auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
+            const auto found = files->findItems(fileName, Qt::MatchExactly);
+            if (found.isEmpty())
+                return; // the dialog stays open and the test fails on it
+            files->setCurrentItem(found.first());
+            d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+        });
+        context().start->button("cmdHen")->click();
+    }
 
     template <typename T>
     T *sheetChild(const char *name)

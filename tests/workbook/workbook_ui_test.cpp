@@ -244,15 +244,7 @@ TEST(Program, SavesAndReopensAnEstimateThroughItsScreens)
     const QString path = QDir(estimatesFolder(folder.path())).filePath(QStringLiteral("240105ABC.xlsx"));
     ASSERT_TRUE(QFileInfo::exists(path)) << messages.lastText().toStdString();
 
-    c.sheet->hide();
-    c.sheet->clearEstimate();
-    c.start->show();
-    program.dialogs.on("dlgOpen", [](QWidget *d) {
-        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
-        files->setCurrentItem(files->findItems(QStringLiteral("240105ABC.xlsx"), Qt::MatchExactly).first());
-        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    });
-    c.start->button("cmdHen")->click();
+    program.reopen(QStringLiteral("240105ABC.xlsx"));
     ASSERT_TRUE(c.sheet->isVisible());
     EXPECT_EQ(c.sheet->findChild<QLineEdit *>(QStringLiteral("txtName"))->text(), QStringLiteral("山田太郎"));
     EXPECT_EQ(c.sheet->findChild<QLabel *>(QStringLiteral("lblSkei"))->text(), QStringLiteral("12,345"));
@@ -476,15 +468,7 @@ TEST_P(ReopenedFigures, ShowAsBefore)
     QTest::keyClicks(advance, QString::fromLatin1(t.advance));
     c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
 
-    c.sheet->hide();
-    c.sheet->clearEstimate();
-    c.start->show();
-    program.dialogs.on("dlgOpen", [](QWidget *d) {
-        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
-        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
-        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    });
-    c.start->button("cmdHen")->click();
+    program.reopen(QStringLiteral("240105TEST.xlsx"));
     ASSERT_TRUE(c.sheet->isVisible());
     EXPECT_EQ(rate->text(), QString::fromUtf8(t.shownRate));
     EXPECT_EQ(amount->text(), QString::fromUtf8(t.shownAmount));
@@ -520,15 +504,7 @@ TEST(Program, HeaderFieldsComeBackOnTheSheet)
     kind->setCurrentIndex(6);
     c.sheet->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
 
-    c.sheet->hide();
-    c.sheet->clearEstimate();
-    c.start->show();
-    program.dialogs.on("dlgOpen", [](QWidget *d) {
-        auto *files = d->findChild<QListWidget *>(QStringLiteral("File1"));
-        files->setCurrentItem(files->findItems(QStringLiteral("240105TEST.xlsx"), Qt::MatchExactly).first());
-        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    });
-    c.start->button("cmdHen")->click();
+    program.reopen(QStringLiteral("240105TEST.xlsx"));
     ASSERT_TRUE(c.sheet->isVisible());
     n = 0;
     for (const char *name : fields)
