@@ -13,21 +13,9 @@
 
 using namespace est;
 using namespace est::workbook;
+using est::test::templateBytes;
 
 namespace {
-
-QByteArray templateBytes()
-{
-    static const QByteArray bytes = [] {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
-        EXPECT_TRUE(writeDefaultTemplate(path));
-        QFile f(path);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }();
-    return bytes;
-}
 
 QByteArray saved(const Session &s)
 {

@@ -2,10 +2,27 @@
 
 #include "common/number_format.h"
 #include "sheet/document_kind.h"
+#include "workbook/default_template.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <random>
 
 namespace est::test {
+
+QByteArray templateBytes()
+{
+    static const QByteArray bytes = [] {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
+        if (!workbook::writeDefaultTemplate(path))
+            return QByteArray();
+        QFile f(path);
+        f.open(QIODevice::ReadOnly);
+        return f.readAll();
+    }();
+    return bytes;
+}
 
 namespace {
 

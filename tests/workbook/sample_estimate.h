@@ -4,9 +4,14 @@
 
 #include "common/session.h"
 
+#include <QByteArray>
+
 #include <cstdint>
 
 namespace est::test {
+
+// The bytes of the default template as the program writes it (made once per test run).
+QByteArray templateBytes();
 
 // Every field set, the largest tables.
 Session fullEstimate(std::uint32_t seed = 1);

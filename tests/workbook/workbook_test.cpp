@@ -2,6 +2,7 @@
 // other programs write, and damaged or hostile ones.
 
 #include "package_builder.h"
+#include "sample_estimate.h"
 #include "workbook/default_template.h"
 #include "workbook/workbook.h"
 
@@ -12,21 +13,9 @@
 
 using namespace est;
 using namespace est::workbook;
+using est::test::templateBytes;
 
 namespace {
-
-QByteArray templateBytes()
-{
-    static const QByteArray bytes = [] {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
-        EXPECT_TRUE(writeDefaultTemplate(path));
-        QFile f(path);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }();
-    return bytes;
-}
 
 QByteArray partOf(const QByteArray &zip, const QString &name)
 {
