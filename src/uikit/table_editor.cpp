@@ -46,6 +46,13 @@ public:
         return editor;
     }
 
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override
+    {
+        if (editor == m_open)
+            m_open.clear();
+        QStyledItemDelegate::destroyEditor(editor, index);
+    }
+
     void setEditorData(QWidget *editor, const QModelIndex &index) const override
     {
         auto *line = qobject_cast<QLineEdit *>(editor);
