@@ -43,6 +43,8 @@ struct AppContext
     QList<FlowStep> openEstimateSteps;
     // Opens a workbook in the spreadsheet program (start dialog's third choice).
     std::function<void()> openWorkbook;
+    // The sheet's usual save ("ファイルの保存"); true when the workbook was written.
+    std::function<bool()> saveEstimate;
 };
 
 } // namespace est::app

@@ -17,5 +17,7 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
+void wirePrint(AppContext &context);
 
 } // namespace est::app

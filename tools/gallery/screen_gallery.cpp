@@ -154,7 +154,7 @@ int main(int argc, char **argv)
             openAndSave(button, folder);
     c.settings->hide();
     c.start->show();
-    for (const char *name : {"cmdSin", "cmdHen"})
+    for (const char *name : {"cmdSin", "cmdHen", "cmdXls"})
         openAndSave(c.start->button(name), folder);
     return 0;
 }
