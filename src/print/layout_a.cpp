@@ -17,17 +17,6 @@ constexpr double kBreakdownRow = 5.0;
 constexpr double kNotesFont = 8.5;
 constexpr double kNotesWidth = kContentWidth - kTotalsWidth - 6.0;
 
-double notesHeight(const PrintDocument &doc)
-{
-    const double lh = kNotesFont * 0.55;
-    double h = 0;
-    if (!doc.nonTaxableItems.isEmpty())
-        h += lh + lh * doc.nonTaxableItems.size() + 2;
-    if (!doc.memo.trimmed().isEmpty())
-        h += lh + lh * 2.2;
-    return h;
-}
-
 class MainSheetA final : public TableSheet
 {
 public:
@@ -62,7 +51,7 @@ protected:
         double totals = m_doc.totals.size() * kTotalsRow;
         if (!m_doc.taxBreakdown.isEmpty())
             totals += 6.5 + m_doc.taxBreakdown.size() * kBreakdownRow;
-        return std::max(totals, 8.0 + notesHeight(m_doc));
+        return std::max(totals, 8.0 + notesHeight(m_doc, kNotesFont));
     }
 
     void drawTail(Canvas &c, double y) const override

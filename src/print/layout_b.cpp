@@ -42,17 +42,6 @@ int bands(qsizetype lines)
     return int((lines + kCellsPerBand - 1) / kCellsPerBand);
 }
 
-double notesHeight(const PrintDocument &doc)
-{
-    const double lh = kNotesFont * 0.55;
-    double h = 0;
-    if (!doc.nonTaxableItems.isEmpty())
-        h += lh + lh * doc.nonTaxableItems.size() + 2;
-    if (!doc.memo.trimmed().isEmpty())
-        h += lh + lh * 2.2;
-    return h;
-}
-
 class MainSheetB final : public TableSheet
 {
 public:
@@ -97,7 +86,7 @@ protected:
         c.text(kMargin, y + 1.5, kContentWidth, 5, m_doc.opening, c.font(9));
     }
 
-    double tailHeight() const override { return 7.0 + notesHeight(m_doc); }
+    double tailHeight() const override { return 7.0 + notesHeight(m_doc, kNotesFont); }
 
     void drawTail(Canvas &c, double y) const override
     {

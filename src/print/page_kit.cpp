@@ -343,6 +343,17 @@ void drawFooter(Canvas &c, const PrintDocument &doc, const PageInfo &info)
     }
 }
 
+double notesHeight(const PrintDocument &doc, double fontSize)
+{
+    const double lh = fontSize * 0.55;
+    double h = 0;
+    if (!doc.nonTaxableItems.isEmpty())
+        h += lh + lh * doc.nonTaxableItems.size() + 2;
+    if (!doc.memo.trimmed().isEmpty())
+        h += lh + lh * 2.2;
+    return h;
+}
+
 double drawNotes(Canvas &c, double x, double y, double w, const PrintDocument &doc, double fontSize)
 {
     double cy = y;

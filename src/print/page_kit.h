@@ -121,6 +121,7 @@ double drawContinuationHeader(Canvas &c, const PrintDocument &doc, const QString
 // Page number "2 / 5" at the foot, the shop's name beside it, and the shop-copy mark.
 void drawFooter(Canvas &c, const PrintDocument &doc, const PageInfo &info);
 // The remarks and the non-taxable items beside the totals; returns the height.
+double notesHeight(const PrintDocument &doc, double fontSize);
 double drawNotes(Canvas &c, double x, double y, double w, const PrintDocument &doc, double fontSize);
 
 // Height of the amount lines block for the given number of lines.

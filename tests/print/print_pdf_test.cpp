@@ -21,14 +21,6 @@
 namespace est::print {
 namespace {
 
-// pdftotext spreads letter-spaced titles and aligns with blanks: compare without blanks.
-// It also gives some kanji as their compatibility radicals (金 as U+2FA6): NFKC folds them.
-QString squeezed(QString text)
-{
-    text = text.normalized(QString::NormalizationForm_KC);
-    text.remove(QRegularExpression(QStringLiteral("[\\s\\x{3000}]")));
-    return text;
-}
 
 class PdfTest : public ::testing::Test
 {
@@ -87,7 +79,7 @@ TEST_P(PrintedKinds, PdfShowsTitleCustomerAmountsAndTotals)
                                test::sampleShop(), &pages);
     EXPECT_EQ(test::pdfPages(pdf), 1);
     EXPECT_EQ(pages, 1);
-    const QString text = squeezed(test::pdfText(pdf));
+    const QString text = test::squeezed(test::pdfText(pdf));
     for (const char *expected : {"株式会社さくら運輸", "御中", "山田太郎", "様", "プリウス", "ZVW30-1234567",
                                  "みどり台300さ12-34", "令和6年1月5日", "000000123", "有限会社みどり台オートボディ",
                                  "TEL000-111-2222", "みどり台信用金庫", "下記の通り", "ご査収のほど",
@@ -95,9 +87,9 @@ TEST_P(PrintedKinds, PdfShowsTitleCustomerAmountsAndTotals)
                                  // totals worked out by hand (see the model test)
                                  "202,356", "-10,118", "192,238", "19,224", "211,462", "17,000", "228,462",
                                  "-30,000", "¥198,462-", "消費税（10%）", "1/1"})
-        EXPECT_TRUE(text.contains(squeezed(QString::fromUtf8(expected)))) << expected;
-    EXPECT_TRUE(text.contains(squeezed(QString::fromUtf8(k.title)))) << k.title;
-    EXPECT_TRUE(text.contains(squeezed(QString::fromUtf8(k.caption)))) << k.caption;
+        EXPECT_TRUE(text.contains(test::squeezed(QString::fromUtf8(expected)))) << expected;
+    EXPECT_TRUE(text.contains(test::squeezed(QString::fromUtf8(k.title)))) << k.title;
+    EXPECT_TRUE(text.contains(test::squeezed(QString::fromUtf8(k.caption)))) << k.caption;
     EXPECT_EQ(text.contains(QStringLiteral("T1234567890123")), k.invoice);
     EXPECT_EQ(text.contains(QStringLiteral("10%対象")), k.invoice);
     EXPECT_FALSE(text.contains(QStringLiteral("控")));
@@ -123,19 +115,19 @@ TEST_P(PrintedSets, PaintSubSheetAndShopCopy)
     // Main document, paint sheet, sub sheet; then the same three marked as the shop's copy.
     EXPECT_EQ(pages, 6);
     EXPECT_EQ(test::pdfPages(pdf), 6);
-    const QString paint = squeezed(test::pdfText(pdf, 2));
+    const QString paint = test::squeezed(test::pdfText(pdf, 2));
     EXPECT_TRUE(paint.contains(QStringLiteral("塗装明細")));
     EXPECT_TRUE(paint.contains(QStringLiteral("21,000")));
     EXPECT_TRUE(paint.contains(QStringLiteral("30,400")));   // paint material
     EXPECT_TRUE(paint.contains(QStringLiteral("78,900")));   // total B
     EXPECT_TRUE(paint.contains(QStringLiteral("2/3")));
-    const QString sub = squeezed(test::pdfText(pdf, 3));
+    const QString sub = test::squeezed(test::pdfText(pdf, 3));
     EXPECT_TRUE(sub.contains(QStringLiteral("指数明細")));
     EXPECT_TRUE(sub.contains(QStringLiteral("付加指数")));
     EXPECT_TRUE(sub.contains(QStringLiteral("バンパー塗装")));
     for (int page = 1; page <= 6; ++page)
         EXPECT_EQ(test::pdfText(pdf, page).contains(QStringLiteral("控")), page > 3) << page;
-    EXPECT_TRUE(squeezed(test::pdfText(pdf, 4)).contains(QStringLiteral("¥198,462-")));
+    EXPECT_TRUE(test::squeezed(test::pdfText(pdf, 4)).contains(QStringLiteral("¥198,462-")));
 }
 
 TEST_P(PrintedSets, FullEstimateBreaksPagesWithoutCuttingRows)
@@ -153,9 +145,9 @@ TEST_P(PrintedSets, FullEstimateBreaksPagesWithoutCuttingRows)
     QMap<int, int> seen;
     for (int page = 1; page <= pages; ++page) {
         const QString text = test::pdfText(pdf, page);
-        EXPECT_TRUE(squeezed(text).contains(QStringLiteral("%1/%2").arg(page).arg(pages))) << page;
+        EXPECT_TRUE(test::squeezed(text).contains(QStringLiteral("%1/%2").arg(page).arg(pages))) << page;
         if (page <= mainPages - (layout == Layout::A ? 1 : 0)) {
-            EXPECT_TRUE(squeezed(text).contains(QStringLiteral("作業部位部品番号"))) << "header on page " << page;
+            EXPECT_TRUE(test::squeezed(text).contains(QStringLiteral("作業部位部品番号"))) << "header on page " << page;
         }
         static const QRegularExpression rowLine(QStringLiteral("作業部位 (\\d+) リヤ.*脱着"));
         for (const QString &line : text.split(QLatin1Char('\n'))) {
@@ -168,8 +160,8 @@ TEST_P(PrintedSets, FullEstimateBreaksPagesWithoutCuttingRows)
     for (auto it = seen.cbegin(); it != seen.cend(); ++it)
         EXPECT_EQ(it.value(), 1) << "row " << it.key();
     // Layout A closes with the totals, layout B opens with them.
-    EXPECT_TRUE(squeezed(test::pdfText(pdf, layout == Layout::A ? mainPages : 1)).contains(QStringLiteral("総合計金額")));
-    EXPECT_TRUE(squeezed(test::pdfText(pdf, mainPages)).contains(QStringLiteral("ご査収のほど")));
+    EXPECT_TRUE(test::squeezed(test::pdfText(pdf, layout == Layout::A ? mainPages : 1)).contains(QStringLiteral("総合計金額")));
+    EXPECT_TRUE(test::squeezed(test::pdfText(pdf, mainPages)).contains(QStringLiteral("ご査収のほど")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Layouts, PrintedSets, ::testing::Values(Layout::A, Layout::B));
@@ -249,7 +241,7 @@ TEST_F(PdfCommand, RendersASavedWorkbookWithTheApplicationFoldersShop)
               0)
         << errors.toStdString();
     EXPECT_EQ(test::pdfPages(pdf), 4);
-    const QString text = squeezed(test::pdfText(pdf));
+    const QString text = test::squeezed(test::pdfText(pdf));
     EXPECT_TRUE(text.contains(QStringLiteral("納品/請求書")));
     EXPECT_TRUE(text.contains(QStringLiteral("登録番号T1234567890123")));
     EXPECT_TRUE(text.contains(QStringLiteral("¥198,462-")));

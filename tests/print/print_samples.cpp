@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace est::test {
@@ -195,6 +196,13 @@ int pdfPages(const QString &pdf)
 QString pdfFonts(const QString &pdf)
 {
     return run(QStringLiteral("pdffonts"), {pdf});
+}
+
+QString squeezed(QString text)
+{
+    text = text.normalized(QString::NormalizationForm_KC);
+    text.remove(QRegularExpression(QStringLiteral("[\\s\\x{3000}]")));
+    return text;
 }
 
 bool havePdfTools()

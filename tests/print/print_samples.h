@@ -30,6 +30,9 @@ QString pdfText(const QString &pdf, int page = 0);
 int pdfPages(const QString &pdf);
 // pdffonts output.
 QString pdfFonts(const QString &pdf);
+// pdftotext spreads letter-spaced titles and aligns with blanks, and gives some kanji as
+// their compatibility radicals (金 as U+2FA6): the text folded by NFKC, without blanks.
+QString squeezed(QString text);
 // Whether the poppler tools are installed.
 bool havePdfTools();
 

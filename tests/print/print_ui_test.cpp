@@ -27,12 +27,6 @@
 namespace est::print {
 namespace {
 
-QString squeezed(QString text)
-{
-    text = text.normalized(QString::NormalizationForm_KC);
-    text.remove(QRegularExpression(QStringLiteral("[\\s\\x{3000}]")));
-    return text;
-}
 
 struct CountCase
 {
@@ -105,7 +99,7 @@ TEST_F(SheetPrinting, AnUnsavedEstimateIsSavedFirstThenWrittenAsPdf)
     ASSERT_TRUE(QFile::exists(pdf())) << p.messages.lastText().toStdString();
     EXPECT_TRUE(p.messages.lastText().startsWith(QStringLiteral("PDFファイルを保存しました。")));
     EXPECT_EQ(p.session.sheetState, SheetState::NameChosen);
-    const QString text = squeezed(test::pdfText(pdf()));
+    const QString text = test::squeezed(test::pdfText(pdf()));
     EXPECT_TRUE(text.contains(QStringLiteral("ご請求書")));
     EXPECT_TRUE(text.contains(QStringLiteral("山田太郎")));
     EXPECT_EQ(test::pdfPages(pdf()), 2);   // the invoice and the paint sheet
@@ -140,11 +134,11 @@ TEST_F(SheetPrinting, UnsavedChangesAreSavedOrTheLastSavedVersionIsPrinted)
 
     p.messages.answer(Answer::No);    // the last saved version
     printWith("cmdPdf");
-    EXPECT_TRUE(squeezed(test::pdfText(pdf())).contains(QStringLiteral("山田太郎")));
+    EXPECT_TRUE(test::squeezed(test::pdfText(pdf())).contains(QStringLiteral("山田太郎")));
 
     p.messages.answer(Answer::Yes);   // save, then print
     printWith("cmdPdf");
-    EXPECT_TRUE(squeezed(test::pdfText(pdf())).contains(QStringLiteral("鈴木花子")));
+    EXPECT_TRUE(test::squeezed(test::pdfText(pdf())).contains(QStringLiteral("鈴木花子")));
 }
 
 TEST_F(SheetPrinting, PreviewShowsTheSavedEstimate)
