@@ -17,6 +17,11 @@ QString shownDay(const QDate &day)
     return day.isValid() ? day.toString(QStringLiteral("yyyy/MM/dd")) : QString();
 }
 
+QString customerText(const EstimateSummary &s)
+{
+    return s.company.trimmed().isEmpty() ? s.customer : s.company + QStringLiteral("　") + s.customer;
+}
+
 QStringList libraryRowTexts(const EstimateSummary &s)
 {
     QStringList row(LibraryColumnCount);
@@ -30,7 +35,7 @@ QStringList libraryRowTexts(const EstimateSummary &s)
     const QStringList &kinds = sheet::documentKinds();
     row[LibSlip] = s.slipNumber;
     row[LibKind] = s.documentKind >= 0 && s.documentKind < kinds.size() ? kinds.at(s.documentKind) : QString();
-    row[LibCustomer] = s.company.trimmed().isEmpty() ? s.customer : s.company + QStringLiteral("　") + s.customer;
+    row[LibCustomer] = customerText(s);
     row[LibCar] = s.car;
     row[LibRegistration] = s.registration;
     row[LibTotal] = formatThousands(s.grandTotal);

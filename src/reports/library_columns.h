@@ -22,6 +22,8 @@ enum LibraryColumn : int {
 QStringList libraryHeaders();
 // The row as shown: a workbook that cannot be read says so in the kind column.
 QStringList libraryRowTexts(const EstimateSummary &summary);
+// The company, then the person, as one text.
+QString customerText(const EstimateSummary &summary);
 // "yyyy/MM/dd", empty for no date.
 QString shownDay(const QDate &day);
 

@@ -50,11 +50,6 @@ workbook::Worksheet &sheetOf(workbook::Workbook &book, const QString &name)
     return *sheet;
 }
 
-QString customerOf(const EstimateSummary &d)
-{
-    return d.company.trimmed().isEmpty() ? d.customer : d.company + QStringLiteral("　") + d.customer;
-}
-
 void writeTitle(Writer &w, const SalesReport &report, const QString &title)
 {
     w.text(kTitleRow, 1, title);
@@ -72,7 +67,7 @@ void writeDocuments(workbook::Worksheet &sheet, const SalesReport &report)
         w.text(row, 1, shownDay(d.day));
         w.text(row, 2, d.slipNumber);
         w.text(row, 3, kinds.value(d.documentKind));
-        w.text(row, 4, customerOf(d));
+        w.text(row, 4, customerText(d));
         w.text(row, 5, d.car);
         SalesSums one;
         one.add(d);
