@@ -12,6 +12,7 @@
 
 namespace est::ui { class WaitDialog; }
 namespace est::sheet { class FrmMitumori; }
+namespace est::workbook { class WorkbookStore; }
 
 namespace est::app {
 
@@ -34,6 +35,8 @@ struct AppContext
     DlgHajime *start = nullptr;
     FrmSetting *settings = nullptr;
     ui::WaitDialog *wait = nullptr;
+    // Saves and opens the estimate's workbook (set by the workbook wiring).
+    workbook::WorkbookStore *store = nullptr;
 
     // Run at start-up, in order, before the start dialog is shown.
     QList<std::function<void()>> startupSteps;
@@ -43,8 +46,6 @@ struct AppContext
     QList<FlowStep> openEstimateSteps;
     // Opens a workbook in the spreadsheet program (start dialog's third choice).
     std::function<void()> openWorkbook;
-    // The sheet's usual save ("ファイルの保存"); true when the workbook was written.
-    std::function<bool()> saveEstimate;
 };
 
 } // namespace est::app

@@ -10,6 +10,7 @@
 #include "print/print_actions.h"
 #include "print/print_flow.h"
 #include "sheet/frm_mitumori.h"
+#include "workbook/workbook_store.h"
 
 #include <QPointer>
 
@@ -22,7 +23,8 @@ void runPrintDialog(AppContext &context)
     print::DlgPrint dialog(context.messages, context.sheet);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    print::PrintFlow flow(context.session, context.messages, context.appFolder, context.saveEstimate);
+    print::PrintFlow flow(context.session, context.messages, context.appFolder,
+                          [&context] { return context.store && context.store->save(); });
     const auto doc = flow.prepare();
     if (!doc)
         return;
