@@ -93,10 +93,15 @@ QList<PageSlice> paginate(int rows, int first, int other, int tail)
         pages.append({begin, begin + take, false});
         begin += take;
         if (begin >= rows) {
-            if (capacity - take >= tail)
+            if (capacity - take >= tail) {
                 pages.last().tail = true;
-            else
-                pages.append({rows, rows, true});
+            } else {
+                // The totals never stand alone: a few of the last rows go with them.
+                PageSlice &last = pages.last();
+                const int carried = std::clamp(std::min(other - tail, last.end - last.begin - 1), 0, 5);
+                last.end -= carried;
+                pages.append({rows - carried, rows, true});
+            }
             return pages;
         }
         capacity = other;
