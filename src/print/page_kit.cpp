@@ -194,6 +194,7 @@ double drawShopBlock(Canvas &c, double x, double y, double w, const PrintDocumen
     };
     line(s.item(sheet::CompanyComment), c.font(small - 0.5), lh);
     line(s.item(sheet::CompanyName), c.font(compact ? 11 : 13, true), compact ? 5.5 : 6.5);
+    line(s.extras.representative, c.font(small + 0.5), lh + 0.3);
     line(s.item(sheet::CompanyAddress), c.font(small), lh);
     QStringList phone;
     if (!s.item(sheet::CompanyTel).trimmed().isEmpty())
@@ -202,7 +203,7 @@ double drawShopBlock(Canvas &c, double x, double y, double w, const PrintDocumen
         phone << QStringLiteral("FAX ") + s.item(sheet::CompanyFax);
     line(phone.join(QStringLiteral("　")), c.font(small), lh);
     if (doc.printRegistration)
-        line(QStringLiteral("登録番号　") + s.registration.number, c.font(small, true), lh);
+        line(QStringLiteral("登録番号　") + s.extras.registrationNumber, c.font(small, true), lh);
     if (s.printAccount() && !s.item(sheet::CompanyBank).trimmed().isEmpty()) {
         QString bank = QStringLiteral("振込先　") + s.item(sheet::CompanyBank) + QStringLiteral("　")
                        + s.item(sheet::CompanyBankBranch);

@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(All, DocumentKinds,
 TEST(PrintDocument, WithoutANumberNothingIsPrintedEvenOnInvoices)
 {
     print::ShopInfo shop = test::sampleShop(true);
-    shop.registration.number.clear();
+    shop.extras.registrationNumber.clear();
     EXPECT_FALSE(buildPrintDocument(test::handEstimate(3), QStringLiteral("御中"), shop).printRegistration);
 }
 
