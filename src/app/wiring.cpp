@@ -10,6 +10,8 @@ void wireSubsystems(AppContext &context)
     wireSheetExtras(context);
     wireWorkItems(context);
     wireCustomers(context);
+    wireReports(context);
+    wirePrint(context);
 }
 
 } // namespace est::app
