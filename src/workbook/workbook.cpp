@@ -1,12 +1,12 @@
 #include "workbook/workbook.h"
 
+#include "workbook/atomic_file.h"
 #include "workbook/package.h"
 #include "workbook/worksheet_impl.h"
 #include "workbook/xml_part.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace est::workbook {
 
@@ -91,27 +91,7 @@ QByteArray Workbook::toBytes(const SaveFault &fault)
 
 void Workbook::save(const QString &path, const SaveFault &fault)
 {
-    const QByteArray bytes = toBytes(fault);
-    auto failed = [&](SaveStep step) { return fault && fault(step, path); };
-    QSaveFile file(path);
-    if (failed(SaveStep::OpenTemporary) || !file.open(QIODevice::WriteOnly))
-        fail(ErrorKind::WriteFailed, file.errorString());
-    if (failed(SaveStep::Write)) {
-        file.write(bytes.constData(), bytes.size() / 2);
-        file.cancelWriting();
-        fail(ErrorKind::WriteFailed, QStringLiteral("simulated write failure"));
-    }
-    if (file.write(bytes) != bytes.size()) {
-        const QString why = file.errorString();
-        file.cancelWriting();
-        fail(ErrorKind::WriteFailed, why);
-    }
-    if (failed(SaveStep::Commit)) {
-        file.cancelWriting();
-        fail(ErrorKind::WriteFailed, QStringLiteral("simulated commit failure"));
-    }
-    if (!file.commit())
-        fail(ErrorKind::WriteFailed, file.errorString());
+    replaceFileAtomically(path, toBytes(fault), fault);
 }
 
 } // namespace est::workbook
