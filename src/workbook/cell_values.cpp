@@ -64,8 +64,15 @@ std::optional<double> cellNumber(const CellValue &value)
     if (const bool *b = std::get_if<bool>(&value))
         return *b ? -1.0 : 0.0;
     if (const QString *s = std::get_if<QString>(&value))
-        return parseDisplayedNumber(*s);
+        return numberInText(*s);
     return std::nullopt;
+}
+
+std::optional<double> numberInText(const QString &text)
+{
+    if (text.size() > kMaxNumberText)
+        return std::nullopt;
+    return parseDisplayedNumber(text);
 }
 
 QString cellText(const CellValue &value)
@@ -105,12 +112,14 @@ std::optional<bool> cellBool(const CellValue &value)
     if (const double *d = std::get_if<double>(&value))
         return *d != 0;
     if (const QString *s = std::get_if<QString>(&value)) {
+        if (s->size() > kMaxNumberText)
+            return std::nullopt;
         const QString t = s->trimmed();
         if (t.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
             return true;
         if (t.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0)
             return false;
-        if (const auto n = parseDisplayedNumber(t))
+        if (const auto n = numberInText(t))
             return *n != 0;
     }
     return std::nullopt;

@@ -3,10 +3,12 @@
 #include "workbook/cell_text.h"
 #include "workbook/worksheet_impl.h"
 #include "workbook/xml_part.h"
+#include "workbook/zip_check.h"
 
 #include <QStringList>
 
 #include <algorithm>
+#include <set>
 #include <cstring>
 
 namespace est::workbook {
@@ -78,6 +80,9 @@ QByteArray Workbook::Impl::read(const QString &part) const
         fail(ErrorKind::Damaged, QStringLiteral("%1: unreadable entry").arg(part));
     if (st.size > zip_uint64_t(limits.maxPartBytes))
         fail(ErrorKind::TooLarge, QStringLiteral("%1: %2 bytes").arg(part).arg(st.size));
+    if (qint64(st.size) > limits.maxInflatedBytes - inflatedBytes)
+        fail(ErrorKind::TooLarge, QStringLiteral("%1: more than %2 bytes inflated in all").arg(part).arg(limits.maxInflatedBytes));
+    inflatedBytes += qint64(st.size);
     zip_file_t *file = zip_fopen_index(archive, entry->index, 0);
     if (!file)
         fail(ErrorKind::Damaged, QStringLiteral("%1: %2").arg(part, QString::fromUtf8(zip_strerror(archive))));
@@ -98,9 +103,37 @@ QByteArray Workbook::Impl::read(const QString &part) const
     return data;
 }
 
-void Workbook::Impl::loadXml(pugi::xml_document &doc, const QString &part) const
+namespace {
+
+// An upper bound of what parsing the text costs: its copies, a node for each markup start and
+// each text between (64 bytes each, plus the worksheet's index of cells), an attribute for
+// each "=" (40 bytes).
+qint64 parseCost(const QByteArray &xml)
 {
-    parseXml(doc, read(part), part);
+    return 3 * qint64(xml.size()) + 144 * qint64(xml.count('<')) + 40 * qint64(xml.count('='));
+}
+
+} // namespace
+
+void Workbook::Impl::admitParse(const QString &part, const QByteArray &bytes)
+{
+    const QString key = part.toLower();
+    if (parsedParts.contains(key))
+        fail(ErrorKind::Damaged, QStringLiteral("%1 is used twice").arg(part));
+    const qint64 cost = parseCost(bytes);
+    if (cost > limits.maxParsedBytes - parsedBytes)
+        fail(ErrorKind::TooLarge, QStringLiteral("%1: parsing would take more than %2 bytes in all")
+                                      .arg(part)
+                                      .arg(limits.maxParsedBytes));
+    parsedBytes += cost;
+    parsedParts.insert(key);
+}
+
+void Workbook::Impl::loadXml(pugi::xml_document &doc, const QString &part, const QByteArray &readBytes)
+{
+    const QByteArray bytes = readBytes.isNull() ? read(part) : readBytes;
+    admitParse(part, bytes);
+    parseXml(doc, bytes, part);
 }
 
 void Workbook::Impl::loadContentTypes()
@@ -113,6 +146,7 @@ void Workbook::Impl::loadContentTypes()
 
 void Workbook::Impl::openPackage()
 {
+    checkZipStructure(bytes, limits);
     zip_error_t error;
     zip_error_init(&error);
     source = zip_source_buffer_create(bytes.constData(), zip_uint64_t(bytes.size()), 0, &error);
@@ -122,7 +156,8 @@ void Workbook::Impl::openPackage()
     if (!archive) {
         const QString why = QString::fromUtf8(zip_error_strerror(&error));
         zip_error_fini(&error);
-        fail(ErrorKind::NotAWorkbook, why);
+        // The structure looked right, so the archive is damaged rather than something else.
+        fail(ErrorKind::Damaged, why);
     }
     const zip_int64_t count = zip_get_num_entries(archive, 0);
     if (count > limits.maxEntries)
@@ -165,6 +200,7 @@ void Workbook::Impl::openPackage()
     }
 
     const pugi::xml_node sheetList = childElement(workbookDoc.document_element(), "sheets");
+    std::set<QString> sheetParts;
     for (pugi::xml_node s = sheetList.first_child(); s; s = s.next_sibling()) {
         if (!isElement(s, "sheet"))
             continue;
@@ -177,6 +213,8 @@ void Workbook::Impl::openPackage()
         info.name = QString::fromUtf8(s.attribute("name").value());
         if (target.first.endsWith(QLatin1String("/worksheet")))
             info.part = target.second;
+        if (!info.part.isEmpty() && !sheetParts.insert(info.part.toLower()).second)
+            fail(ErrorKind::Damaged, QStringLiteral("two sheets on %1").arg(info.part));
         sheets.push_back(std::move(info));
     }
 }
@@ -201,7 +239,9 @@ void Workbook::Impl::loadStyles()
         return;
     if (stylesPart.isEmpty() || !has(stylesPart))
         fail(ErrorKind::Damaged, QStringLiteral("the workbook has no styles"));
-    styles.load(read(stylesPart), stylesPart);
+    const QByteArray xml = read(stylesPart);
+    admitParse(stylesPart, xml);
+    styles.load(xml, stylesPart);
 }
 
 // Spreadsheet programs recalculate formulas on load, and the stale calculation chain goes.

@@ -56,13 +56,23 @@ struct Workbook::Impl
     QString stylesPart;
     detail::Styles styles;
 
+    // What this workbook has cost so far (see Limits), and the parts parsed.
+    mutable qint64 inflatedBytes = 0;
+    qint64 parsedBytes = 0;
+    QSet<QString> parsedParts;
+
     ~Impl();
 
     const Entry *find(const QString &part) const;
     bool has(const QString &part) const { return find(part) && !removed.contains(part); }
     // The part's bytes (its new content when it was replaced); Damaged or TooLarge otherwise.
     QByteArray read(const QString &part) const;
-    void loadXml(pugi::xml_document &doc, const QString &part) const;
+    // Parses a part (its bytes when already read) within the parsed-size budget; a part is
+    // parsed once at most, so one that is asked for twice (two sheets on one part) is Damaged.
+    void loadXml(pugi::xml_document &doc, const QString &part, const QByteArray &readBytes = {});
+    void admitParse(const QString &part, const QByteArray &bytes);
+    // The worksheet object of a sheet, parsed on first use (from its bytes when already read).
+    Worksheet *worksheet(SheetInfo &info, const QByteArray &readBytes = {});
     void loadContentTypes();
 
     void openPackage();

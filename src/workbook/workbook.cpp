@@ -59,17 +59,22 @@ Worksheet *Workbook::sheet(const QString &name)
     for (auto &info : d->sheets) {
         if (info.name != name || info.part.isEmpty())
             continue;
-        if (!info.sheet) {
-            auto impl = std::make_unique<Worksheet::Impl>();
-            impl->book = d.get();
-            impl->name = info.name;
-            impl->part = info.part;
-            impl->load();
-            info.sheet.reset(new Worksheet(std::move(impl)));
-        }
-        return info.sheet.get();
+        return d->worksheet(info);
     }
     return nullptr;
+}
+
+Worksheet *Workbook::Impl::worksheet(SheetInfo &info, const QByteArray &readBytes)
+{
+    if (!info.sheet) {
+        auto impl = std::make_unique<Worksheet::Impl>();
+        impl->book = this;
+        impl->name = info.name;
+        impl->part = info.part;
+        impl->load(readBytes);
+        info.sheet.reset(new Worksheet(std::move(impl)));
+    }
+    return info.sheet.get();
 }
 
 void Workbook::clearFormulaResults(const QStringList &exceptSheets)
@@ -77,10 +82,14 @@ void Workbook::clearFormulaResults(const QStringList &exceptSheets)
     for (auto &info : d->sheets) {
         if (info.part.isEmpty() || exceptSheets.contains(info.name))
             continue;
-        // A cheap look at the text first: most sheets have no cached results to drop.
-        if (!info.sheet && !d->read(info.part).contains("</f><v"))
-            continue;
-        sheet(info.name)->clearFormulaResults();
+        QByteArray text;
+        if (!info.sheet) {
+            // A cheap look at the text first: most sheets have no cached results to drop.
+            text = d->read(info.part);
+            if (!text.contains("</f><v"))
+                continue;
+        }
+        d->worksheet(info, text)->clearFormulaResults();
     }
 }
 

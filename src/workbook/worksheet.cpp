@@ -29,9 +29,9 @@ int parsePositive(const char *text, int max)
 }
 } // namespace
 
-void Worksheet::Impl::load()
+void Worksheet::Impl::load(const QByteArray &readBytes)
 {
-    book->loadXml(doc, part);
+    book->loadXml(doc, part, readBytes);
     const pugi::xml_node root = doc.document_element();
     if (!isElement(root, "worksheet"))
         fail(ErrorKind::Damaged, QStringLiteral("%1 is not a worksheet").arg(part));

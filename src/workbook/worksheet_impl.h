@@ -34,7 +34,8 @@ struct Worksheet::Impl
     };
     std::vector<RowEntry> rows;
 
-    void load();
+    // Parses the sheet (its bytes when already read) and indexes its rows and cells.
+    void load(const QByteArray &readBytes = {});
     pugi::xml_node findCell(int row, int column) const;
     // The cell at the address, created (in order) when missing; marks the sheet changed.
     pugi::xml_node cell(int row, int column);
