@@ -99,9 +99,10 @@ void EstimateSheet::discountRateLeft()
     afterChainStep();
 }
 
-void EstimateSheet::discountAmountKeyTyped()
+void EstimateSheet::discountAmountEdited(const QString &text)
 {
     m_chain.discountAmountKeyTyped();
+    m_chain.setDiscountAmount(text);
     afterChainStep();
 }
 

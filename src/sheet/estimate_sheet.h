@@ -47,8 +47,10 @@ public:
     void sumsChanged();
     void discountRateTyped(const QString &text);
     void discountRateLeft();
-    // A key the amount field's rule accepted was typed into it.
-    void discountAmountKeyTyped();
+    // The user changed the amount's text (typed, deleted, pasted): a hand-typed amount wins
+    // over the rate.
+    void discountAmountEdited(const QString &text);
+    // The amount's text changed, by the user or by the sheet.
     void discountAmountTyped(const QString &text);
     void advanceTyped(const QString &text);
     void setNonTaxableTotal(Yen sum);

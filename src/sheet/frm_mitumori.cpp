@@ -132,11 +132,7 @@ void FrmMitumori::buildUi()
 
     auto *rateFilter = new ui::KeyFilter(m_w->txtNebiki1, discountRateKeyRule, m_messages);
     Q_UNUSED(rateFilter);
-    auto *amountFilter = new ui::KeyFilter(m_w->txtNebiki2, discountAmountKeyRule, m_messages);
-    connect(amountFilter, &ui::KeyFilter::accepted, this, [this](QChar) {
-        m_sheet.discountAmountKeyTyped();
-        showFigures();
-    });
+    new ui::KeyFilter(m_w->txtNebiki2, discountAmountKeyRule, m_messages);
     new ui::KeyFilter(m_w->txtAzukari, discountAmountKeyRule, m_messages);
 
     auto forward = [this](QLineEdit *edit, void (EstimateSheet::*typed)(const QString &)) {
@@ -148,6 +144,12 @@ void FrmMitumori::buildUi()
     forward(m_w->txtNebiki1, &EstimateSheet::discountRateTyped);
     forward(m_w->txtNebiki2, &EstimateSheet::discountAmountTyped);
     forward(m_w->txtAzukari, &EstimateSheet::advanceTyped);
+    // Only a change the user makes to the amount's text counts as typed; Tab, Enter and the
+    // arrows leave the text as it is.
+    connect(m_w->txtNebiki2, &QLineEdit::textEdited, this, [this](const QString &text) {
+        m_sheet.discountAmountEdited(text);
+        showFigures();
+    });
     connect(m_w->txtNebiki1, &QLineEdit::editingFinished, this, [this] {
         m_sheet.discountRateLeft();
         showFigures();
