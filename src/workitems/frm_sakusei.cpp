@@ -5,6 +5,7 @@
 #include "workitems/numeric_keys.h"
 #include "workitems/text_box.h"
 #include "uikit/named.h"
+#include "uikit/user_choice.h"
 
 #include <QComboBox>
 #include <QFocusEvent>
@@ -57,7 +58,7 @@ const QStringList kLocations = {
     QStringLiteral("その他"),
 };
 const QStringList kWorkKinds = {
-    QStringLiteral("取替"), QStringLiteral("脱着"), QStringLiteral("修理"), QStringLiteral("板金"),
+    QStringLiteral("取替"), QStringLiteral("脱着"), QStringLiteral("修理"), QStringLiteral("鈑金"),
     QStringLiteral("調整"), QStringLiteral("点検"), QStringLiteral("分解"), QStringLiteral("組付"),
 };
 
@@ -178,7 +179,7 @@ void FrmSakusei::buildUi()
     w.cmdSort = button("cmdSort", "並べ替え");
     rowButtons->addStretch(1);
     w.cmdEasy = button("cmdEasy", "簡易見積");
-    w.cmdBankin = button("cmdBankin", "板金指数");
+    w.cmdBankin = button("cmdBankin", "鈑金指数");
     layout->addLayout(rowButtons);
 
     w.HFLg1 = named(new QTableWidget(this), "HFLg1");
@@ -227,9 +228,9 @@ void FrmSakusei::buildUi()
     for (QLineEdit *e : {w.txtRato, w.txtSisu, w.txtKoutin, w.txtBTan, w.txtBKo})
         selectAllOnFocus(e);
 
-    connect(w.dlstB, &QListWidget::currentRowChanged, this, &FrmSakusei::classificationChosen);
-    connect(w.dlstK, &QListWidget::currentRowChanged, this, &FrmSakusei::sectionChosen);
-    connect(w.HFlg4, &QTableWidget::currentCellChanged, this, [this](int row) { partChosen(row); });
+    ui::onChosenRow(w.dlstB, this, [this](int row) { classificationChosen(row); });
+    ui::onChosenRow(w.dlstK, this, [this](int row) { sectionChosen(row); });
+    ui::onChosenRow(w.HFlg4, this, [this](int row) { partChosen(row); });
     connect(w.HFlg4, &QTableWidget::cellClicked, this, [this](int row) { partChosen(row); });
     // Each text the user changes goes to the editor, which may reformat it or compute from it.
     auto forward = [this](QLineEdit *edit, void (WorkItemEditor::*typed)(const QString &)) {
@@ -385,7 +386,7 @@ void FrmSakusei::showInputs()
 
 int FrmSakusei::selectedRow() const
 {
-    const int row = m_w->HFLg1->currentRow();
+    const int row = ui::chosenRow(m_w->HFLg1);
     return row >= 0 && row < m_editor.table().count() ? row : -1;
 }
 
@@ -438,6 +439,10 @@ void FrmSakusei::updateButtons()
 
 void FrmSakusei::handBack()
 {
+    if (!m_editor.settlePending()) {
+        showAll();
+        return;
+    }
     m_editor.handBack(m_session);
     accept();
 }

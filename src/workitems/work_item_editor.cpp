@@ -23,20 +23,12 @@ WorkItemEditor::WorkItemEditor(const Session &session, Messages &messages)
 
 void WorkItemEditor::rateTyped(const QString &text)
 {
-    const QString digits = filterNumericText(text, false);
-    if (isBlank(digits)) {
-        m_rate = 0;
-        m_rateText = text;
-        return;
-    }
-    if (const auto rate = parseRate(digits)) {
-        m_rate = *rate;
-        m_rateText = digits;
-        return;
-    }
-    m_messages.inform(QStringLiteral("レートは 0 から 32,767 円までの整数で入力してください。"),
-                      QStringLiteral("レート"), MessageIcon::Exclamation);
-    m_rateText = m_rate != 0 ? QString::number(m_rate) : QString();
+    // Digits and the separators the box was shown with; anything else is dropped.
+    QString kept;
+    for (const QChar c : text)
+        if (c.isDigit() || c == QLatin1Char(','))
+            kept.append(c);
+    m_rateText = kept;
 }
 
 bool WorkItemEditor::rateGiven() const
@@ -234,9 +226,14 @@ void WorkItemEditor::remove(int selected)
 {
     if (editing() || m_inserting)
         return;
-    if (selected < 0) {
+    if (m_table.count() == 0) {
         m_messages.inform(QStringLiteral("削除するデータはありません．"), QStringLiteral("警告"),
                           MessageIcon::Exclamation);
+        return;
+    }
+    if (selected < 0) {
+        m_messages.inform(QStringLiteral("削除する行を一覧で選んでから、削除をクリックしてください。"),
+                          QStringLiteral("削除"), MessageIcon::Exclamation);
         return;
     }
     if (m_messages.askYesNo(QStringLiteral("削除します。\nこのデータは失われます。\nよろしいですか？"),
@@ -269,6 +266,44 @@ WorkItemButtons WorkItemEditor::buttons() const
     return b;
 }
 
+bool WorkItemEditor::settlePending()
+{
+    const QString title = QStringLiteral("作業作成");
+    if (editing()) {
+        switch (m_messages.askYesNoCancel(QStringLiteral("修正中の行があります。\n修正を確定しますか？"), title,
+                                          MessageIcon::Question)) {
+        case Answer::Yes:
+            confirmEdit();
+            return !editing(); // a refused row keeps the editor open
+        case Answer::No:
+            cancelEdit();
+            return true;
+        default:
+            return false;
+        }
+    }
+    bool typed = false;
+    for (int c = WiSection; c < WorkItemColumnCount; ++c)
+        typed = typed || !isBlank(m_inputs[c]);
+    if (!typed)
+        return true;
+    switch (m_messages.askYesNoCancel(QStringLiteral("入力中の作業項目があります。\n追加しますか？"), title,
+                                      MessageIcon::Question)) {
+    case Answer::Yes: {
+        const int before = m_table.count();
+        const bool wasInserting = m_inserting;
+        add();
+        // Added when the row count grew or the inserted row was filled.
+        return m_table.count() > before || (wasInserting && !m_inserting);
+    }
+    case Answer::No:
+        clearInputs();
+        return true;
+    default:
+        return false;
+    }
+}
+
 void WorkItemEditor::handBack(Session &session)
 {
     // An inserted row that was never filled is not part of the estimate.
@@ -280,7 +315,6 @@ void WorkItemEditor::handBack(Session &session)
     session.totals.labour = m_table.totals().labour;
     session.totals.parts = m_table.totals().parts;
     session.totals.workTotalA = m_table.totals().grand;
-    session.labourRate = m_rate;
 }
 
 } // namespace est::workitems

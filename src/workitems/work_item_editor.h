@@ -34,11 +34,12 @@ public:
     const WorkItemTable &table() const { return m_table; }
 
     // ---- the rate box ----
-    // The text the rate box shows.
+    // The text the rate box shows. The box only gates the computation: labour is always
+    // index × the estimate's labour rate (set in the rate dialog), never the box's number.
     const QString &rateText() const { return m_rateText; }
     // The user changed the rate box's text.
     void rateTyped(const QString &text);
-    // Labour is computed from an index only while the rate box holds a rate.
+    // Labour is computed from an index only while the rate box holds something.
     bool rateGiven() const;
 
     // ---- the input line ----
@@ -62,10 +63,13 @@ public:
     void remove(int selected);
     void sort();
     bool editing() const { return m_editing >= 0; }
+    // OK with an edited row or a typed item not yet added: asks whether to apply it (Yes),
+    // drop it (No) or go back (Cancel). True when the editor may hand its rows back.
+    bool settlePending();
     bool inserting() const { return m_inserting; }
     WorkItemButtons buttons() const;
 
-    // OK: the rows, their totals and the rate go back to the estimate.
+    // OK: the rows and their totals go back to the estimate.
     void handBack(Session &session);
 
 private:
@@ -77,7 +81,7 @@ private:
 
     Messages &m_messages;
     WorkItemTable m_table;
-    std::int16_t m_rate;
+    const std::int16_t m_rate; // the estimate's labour rate
     QString m_rateText;
     Rounding m_rounding;
     WorkItemRow m_inputs;
