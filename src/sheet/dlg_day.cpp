@@ -20,6 +20,7 @@ DlgDay::DlgDay(Session &session, Messages &messages, const Clock &clock, QSettin
     : GuardedDialog(messages, parent), m_session(session), m_clock(clock), m_settings(settings), m_sheet(sheet)
 {
     setObjectName(QStringLiteral("dlgDay"));
+    setEscapeCancels(true);
     setWindowTitle(QStringLiteral("伝票日付"));
     buildUi();
 }
