@@ -174,7 +174,7 @@ void DlgDay::confirm()
         return;
     if (!m_proposal.issued())
         return;
-    confirmSlip(m_session, m_proposal);
+    confirmSlip(m_session, m_proposal, m_clock.today());
     if (m_sheet)
         m_sheet->showSlip();
     saveSlipSettings(m_session, m_settings);
