@@ -44,6 +44,16 @@ struct SheetFixture
         return w;
     }
     QString label(const char *name) const { return find<QLabel>(name)->text(); }
+    // A + B of 1,000,000 with a discount rate of 10 typed; the focus in the amount field.
+    QLineEdit *tenPercentOfAMillion()
+    {
+        session.totals.workTotalA = 1000000;
+        sheet.refreshTotals();
+        type("txtNebiki1", "10");
+        QLineEdit *amount = find<QLineEdit>("txtNebiki2");
+        amount->setFocus();
+        return amount;
+    }
     void type(const char *name, const QString &text)
     {
         QLineEdit *edit = find<QLineEdit>(name);
@@ -130,12 +140,8 @@ class FocusKeyInTheAmount : public ::testing::TestWithParam<Qt::Key>
 TEST_P(FocusKeyInTheAmount, KeepsTheRate)
 {
     SheetFixture x;
-    x.session.totals.workTotalA = 1000000;
-    x.sheet.refreshTotals();
-    x.type("txtNebiki1", "10");
-    auto *amount = x.find<QLineEdit>("txtNebiki2");
+    QLineEdit *amount = x.tenPercentOfAMillion();
     ASSERT_EQ(amount->text(), "100,000");
-    amount->setFocus();
     QTest::keyClick(amount, GetParam());
     QTest::keyClick(amount, GetParam());
     EXPECT_EQ(x.find<QLineEdit>("txtNebiki1")->text(), "10");
@@ -154,11 +160,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, FocusKeyInTheAmount,
 TEST(FrmMitumori, DeletingInTheAmountTakesTheRateAway)
 {
     SheetFixture x;
-    x.session.totals.workTotalA = 1000000;
-    x.sheet.refreshTotals();
-    x.type("txtNebiki1", "10");
-    auto *amount = x.find<QLineEdit>("txtNebiki2");
-    amount->setFocus();
+    QLineEdit *amount = x.tenPercentOfAMillion();
     amount->end(false);
     QTest::keyClick(amount, Qt::Key_Backspace);
     EXPECT_EQ(amount->text(), "100,00");
