@@ -5,6 +5,7 @@
 #include "print/dlg_open_xls.h"
 #include "print/dlg_print.h"
 #include "print/frm_printer.h"
+#include "print/printer_choice.h"
 #include "print/xls_path.h"
 #include "print_samples.h"
 #include "program_fixture.h"
@@ -205,6 +206,18 @@ TEST(FrmPrinter, ListsTheSystemsPrinters)
     EXPECT_EQ(form.findChild<QPushButton *>(QStringLiteral("cmdPro"))->isEnabled(), !names.isEmpty());
     if (names.isEmpty()) {
         EXPECT_TRUE(form.findChild<QLabel *>(QStringLiteral("lblNote"))->text().contains(QStringLiteral("インストールされていません")));
+    }
+}
+
+TEST(PrinterChoice, ARememberedPrinterThatIsGoneGivesWayToTheDefault)
+{
+    rememberPrinterName(QStringLiteral("事務所のプリンタ"));
+    EXPECT_EQ(rememberedPrinterName(), QStringLiteral("事務所のプリンタ"));
+    EXPECT_EQ(programPrinter().printerName(), QPrinterInfo::defaultPrinter().printerName());
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (!names.isEmpty()) {
+        rememberPrinterName(names.last());
+        EXPECT_EQ(programPrinter().printerName(), names.last());
     }
 }
 
