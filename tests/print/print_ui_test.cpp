@@ -20,6 +20,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPrintPreviewWidget>
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -145,9 +146,15 @@ TEST_F(SheetPrinting, UnsavedChangesAreSavedOrTheLastSavedVersionIsPrinted)
 TEST_F(SheetPrinting, PreviewShowsTheSavedEstimate)
 {
     p.messages.answer(Answer::Yes);
-    p.dialogs.on(QStringLiteral("dlgPrintPreview"), [](QWidget *d) { static_cast<QDialog *>(d)->reject(); });
+    int pages = -1;
+    p.dialogs.on(QStringLiteral("dlgPrintPreview"), [&pages](QWidget *d) {
+        if (auto *view = d->findChild<QPrintPreviewWidget *>())
+            pages = view->pageCount();
+        static_cast<QDialog *>(d)->reject();
+    });
     printWith("cmdPreview");
     EXPECT_EQ(p.dialogs.seen(QStringLiteral("dlgPrintPreview")), 1);
+    EXPECT_EQ(pages, 2);   // the invoice and its paint sheet
 }
 
 TEST_F(SheetPrinting, WithoutAPrinterPrintingSaysSo)
