@@ -100,7 +100,9 @@ void DlgUriage::showPeriod()
 void DlgUriage::make()
 {
     const SalesPeriod chosen = period();
-    refreshWithProgress(m_library, workbook::estimatesFolder(m_appFolder), this);
+    // A report from a half-read library would be wrong: a cancelled update makes none.
+    if (refreshWithProgress(m_library, workbook::estimatesFolder(m_appFolder), this).cancelled)
+        return;
     const QString target = chosen.fileName();
     if (QFileInfo::exists(salesWorkbookPath(m_appFolder, chosen)) &&
         messages().askYesNo(QStringLiteral("ファイル名　") + target +

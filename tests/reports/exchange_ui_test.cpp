@@ -77,6 +77,32 @@ TEST(DlgUriage, TheSalesButtonWritesTheFiscalYearsReport)
     EXPECT_EQ(readAll(p.folder.file(QStringLiteral("Mitsumori/2024年度売上表.xlsx"))), before);
 }
 
+TEST(FrmExp, OpensFromTheSettingsHubWithThePriceImport)
+{
+    test::Program p;
+    p.start();
+    app::AppContext &c = p.context();
+    c.settings->show();
+    QPushButton *exp = c.settings->button(QStringLiteral("cmdExp"));
+    ASSERT_TRUE(exp->isEnabled());
+    bool priceImport = false;
+    QString makers;
+    test::whenModal(QStringLiteral("frmExp"), [&](QDialog *d) {
+        priceImport = d->findChild<QPushButton *>(QStringLiteral("cmdPrice"))->isEnabled();
+        test::whenModal(QStringLiteral("dlgPriceImport"), [&](QDialog *prices) {
+            auto *maker = prices->findChild<QComboBox *>(QStringLiteral("cboMeka"));
+            for (int i = 0; i < maker->count(); ++i)
+                makers += maker->itemText(i);
+            prices->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
+        });
+        d->findChild<QPushButton *>(QStringLiteral("cmdPrice"))->click();
+        d->findChild<QPushButton *>(QStringLiteral("cmdExit"))->click();
+    });
+    exp->click();
+    EXPECT_TRUE(priceImport);
+    EXPECT_EQ(makers, QStringLiteral("トヨタ日産ホンダ"));   // the sample register
+}
+
 class ExchangeScreens : public ::testing::Test
 {
 protected:
