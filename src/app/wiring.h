@@ -17,5 +17,7 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Painting: the sheet's 塗装作成 (dlgToryo, then frmPaint) and the inner-panel table editor.
+void wirePaint(AppContext &context);
 
 } // namespace est::app
