@@ -33,20 +33,13 @@ PaintEditor::PaintEditor(const PaintMasters *masters, const Session &session) : 
     m_colourCode = colourKindCode(m_paintKind);
 
     QString coefficient;
-    if (m_masters && !m_paintKind.isEmpty())
-        coefficient = m_masters->materialCoefficient(m_paintKind).value_or(QString());
-    if (m_masters && !m_highFunction.isEmpty()) {
-        if (const auto hf = m_masters->highFunction(m_paintKind)) {
-            m_hfIndex = hf->baseIndex;
-            const HighFunction which = highFunctionOf(m_highFunction);
-            m_hfCoefficient = which == HighFunction::Fluorine ? hf->fluorine
-                              : which == HighFunction::Other  ? hf->other
-                                                              : QString();
-            const QString base = coefficient.isEmpty() ? QStringLiteral("0") : coefficient;
-            if (const auto sum = workitems::decimalSum(base, m_hfCoefficient.isEmpty() ? QStringLiteral("0")
-                                                                                       : m_hfCoefficient))
-                coefficient = *sum;
-        }
+    if (pricedForCurrentPaint(session)) {
+        // An estimate keeps the prices it was made with, even if the tables changed since.
+        coefficient = session.paint.materialCoefficient;
+        m_hfIndex = session.paint.highFunctionBaseIndex;
+        m_hfCoefficient = session.paint.highFunctionMaterialIndex;
+    } else {
+        lookUpCoefficient(coefficient);
     }
     m_calc.setRate(session.paintLabourRate);
     m_calc.setCoefficient(coefficient);
@@ -59,6 +52,25 @@ PaintEditor::PaintEditor(const PaintMasters *masters, const Session &session) : 
         if (line.withMaterial)
             line.material = m_calc.materialOf(line.labour).value_or(0);
     m_calc.setLines(lines);
+}
+
+void PaintEditor::lookUpCoefficient(QString &coefficient)
+{
+    if (m_masters && !m_paintKind.isEmpty())
+        coefficient = m_masters->materialCoefficient(m_paintKind).value_or(QString());
+    if (!m_masters || m_highFunction.isEmpty())
+        return;
+    const auto hf = m_masters->highFunction(m_paintKind);
+    if (!hf)
+        return;
+    m_hfIndex = hf->baseIndex;
+    const HighFunction which = highFunctionOf(m_highFunction);
+    m_hfCoefficient = which == HighFunction::Fluorine ? hf->fluorine
+                      : which == HighFunction::Other  ? hf->other
+                                                      : QString();
+    const auto orZero = [](const QString &t) { return t.isEmpty() ? QStringLiteral("0") : t; };
+    if (const auto sum = workitems::decimalSum(orZero(coefficient), orZero(m_hfCoefficient)))
+        coefficient = *sum;
 }
 
 QString PaintEditor::presetMaterial() const

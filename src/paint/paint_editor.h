@@ -82,6 +82,9 @@ public:
     void store(const PaintChoices &choices, Session &session) const;
 
 private:
+    // The coefficient in force and the high-function values from the tables.
+    void lookUpCoefficient(QString &coefficient);
+
     const PaintMasters *m_masters;
     QString m_customer, m_car, m_colourNumber, m_paintKind, m_highFunction, m_vehicleClass, m_colourCode;
     QString m_hfIndex, m_hfCoefficient;

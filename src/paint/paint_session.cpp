@@ -61,6 +61,13 @@ PaintChoices choicesFrom(const QStringList &paintLines)
     return c;
 }
 
+bool pricedForCurrentPaint(const Session &session)
+{
+    const QStringList &lines = session.paint.lines;
+    return session.paint.entered && at(lines, Kind) == vehiclePaintKind(session)
+           && at(lines, HighFunc) == vehicleHighFunction(session);
+}
+
 QList<PaintLine> storedLines(const Session &session)
 {
     QList<PaintLine> lines;

@@ -43,6 +43,9 @@ void setVehiclePaint(Session &session, const QString &colourNumber, const QStrin
                      const QString &highFunction);
 
 PaintChoices choicesFrom(const QStringList &paintLines);
+// Whether the estimate's painting was priced for the vehicle's present paint kind and
+// high-function paint; its stored coefficient and high-function values then still hold.
+bool pricedForCurrentPaint(const Session &session);
 // The paint lines of the paint grid as the estimate keeps them (stored rows that cannot be
 // read are left out).
 QList<PaintLine> storedLines(const Session &session);
