@@ -168,8 +168,8 @@ void FrmPaint::buildUi()
     w.HFLg1 = grid(this, "HFLg1", {QStringLiteral("コード"), QStringLiteral("区分")});
     w.HFLg1->setColumnWidth(0, 50);
     w.HFlg2 = grid(this, "HFlg2", {QStringLiteral("部品名")});
-    lists->addWidget(w.HFLg1, 2);
-    lists->addWidget(w.HFlg2, 3);
+    lists->addWidget(w.HFLg1, 1);
+    lists->addWidget(w.HFlg2, 1);
     auto *listBox = new QWidget(this);
     listBox->setLayout(lists);
     listBox->setFixedWidth(230);
@@ -178,6 +178,7 @@ void FrmPaint::buildUi()
     // The entry line.
     auto *entry = new QGroupBox(QStringLiteral("入力"), this);
     auto *el = new QGridLayout(entry);
+    el->setVerticalSpacing(4);
     el->addWidget(new QLabel(QStringLiteral("部品名"), entry), 0, 0);
     w.txtBuimei = named(new QLineEdit(entry), "txtBuimei");
     el->addWidget(w.txtBuimei, 0, 1, 1, 6);
@@ -239,12 +240,17 @@ void FrmPaint::buildUi()
     rowButtons->addWidget(w.cmdDel = button(entry, "cmdDel", "削除"));
     el->addLayout(rowButtons, 6, 0, 1, 7);
     middle->addWidget(entry, 1);
-    layout->addLayout(middle);
+    auto *top = new QWidget(this);
+    top->setLayout(middle);
+    middle->setContentsMargins(0, 0, 0, 0);
+    top->setMaximumHeight(290);
+    layout->addWidget(top);
 
     w.HFlg3 = grid(this, "HFlg3", paintGridHeaders());
     const int widths[] = {36, 90, 330, 50, 50, 60, 80, 90};
     for (int c = 0; c < 8; ++c)
         w.HFlg3->setColumnWidth(c, widths[c]);
+    w.HFlg3->setMinimumHeight(230);
     layout->addWidget(w.HFlg3, 1);
 
     auto *sums = new QHBoxLayout;
