@@ -9,6 +9,7 @@
 #include "paint/dlg_naiban.h"
 #include "paint/dlg_tinpei.h"
 #include "paint/frm_paint.h"
+#include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 
 #include <QApplication>
@@ -189,6 +190,12 @@ int main(int argc, char **argv)
     for (QPushButton *button : c.settings->findChildren<QPushButton *>())
         if (button->objectName() != QLatin1String("cmdExit"))
             openAndSave(button, folder);
+    {
+        // The price import opens from frmExp, one level below the hub.
+        const QList<est::workitems::Maker> makers{{QStringLiteral("トヨタ"), QStringLiteral("Toyota")}};
+        est::reports::DlgPriceImport prices(appFolder.path(), makers, {}, {}, messages);
+        save(&prices, folder, QStringLiteral("dlgPriceImport"));
+    }
     c.settings->hide();
     c.start->show();
     for (const char *name : {"cmdSin", "cmdHen"})
