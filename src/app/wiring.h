@@ -17,6 +17,8 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Painting: the sheet's 塗装作成 (dlgToryo, then frmPaint) and the inner-panel table editor.
+void wirePaint(AppContext &context);
 // Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
 // on every save, the yearly sales report, frmExp.
 void wireReports(AppContext &context);

@@ -1,5 +1,9 @@
 #include "sheet/sheet_grid_layout.h"
 
+#include "common/number_format.h"
+
+#include <limits>
+
 namespace est::sheet {
 
 const QString kGridHeaderFormat = QStringLiteral(
@@ -22,9 +26,56 @@ const QList<ColumnWidth> &gridColumnWidths()
     return widths;
 }
 
+const QString kPaintHeading = QStringLiteral("－　塗　装　内　容　－");
+
+namespace {
+
+EstimateRow summaryRow(const QString &name, int column, Yen amount)
+{
+    EstimateRow row;
+    row[ColPart] = name;
+    row[column] = formatThousands(amount);
+    return row;
+}
+
+} // namespace
+
+QList<EstimateRow> paintSectionRows(const Session &session)
+{
+    const EditorTotals &t = session.totals;
+    QList<EstimateRow> rows;
+    if (session.paint.rows.isEmpty() && t.paintTotalB == 0)
+        return rows;
+    rows.append(EstimateRow());
+    rows.last()[ColPart] = kPaintHeading;
+    rows.append(session.paint.rows);
+    // What paint total B holds besides the paint rows, one line each, so that the section adds
+    // up to B: the additional-index labour (the paint labour the rows do not hold), the bumper
+    // painting and the paint material.
+    const Yen additional = additionalLabour(session);
+    if (additional != 0)
+        rows.append(summaryRow(QStringLiteral("付加指数"), ColLabour, additional));
+    if (t.bumperPaint != 0)
+        rows.append(summaryRow(QStringLiteral("バンパー塗装"), ColLabour, t.bumperPaint));
+    if (t.paintMaterial != 0) {
+        rows.append(summaryRow(QStringLiteral("塗装材料費"), ColPartsAmount, t.paintMaterial));
+        rows.last()[ColWork] = QStringLiteral("係数");
+        rows.last()[ColIndex] = session.paint.materialCoefficient;
+    }
+    return rows;
+}
+
+Yen additionalLabour(const Session &session)
+{
+    std::int64_t rest = session.totals.paintLabour;
+    for (const EstimateRow &row : session.paint.rows)
+        rest -= parseDisplayedYen(row[ColLabour]).value_or(0);
+    return rest > 0 && rest <= std::numeric_limits<Yen>::max() ? Yen(rest) : 0;
+}
+
 QList<EstimateRow> displayRows(const Session &session)
 {
-    return session.rows;
+    return session.rows + paintSectionRows(session);
 }
 
 int gridRowCount(int dataRows)

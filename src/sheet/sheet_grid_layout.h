@@ -28,7 +28,19 @@ struct ColumnWidth
 };
 const QList<ColumnWidth> &gridColumnWidths();
 
-// The rows the sheet shows below the header: the work rows, then what the paint section adds.
+// The heading row of the paint section, in the part column.
+extern const QString kPaintHeading;
+
+// The paint section: when there is painting, the heading row, the stored paint rows as they
+// are, then one row each for the additional-index labour, the bumper painting and the paint
+// material that paint total B holds besides the rows.
+QList<EstimateRow> paintSectionRows(const Session &session);
+
+// The paint labour that the stored paint rows do not hold: the additional-index labour.
+// Derived from the saved totals, so it is right after reopening a workbook too.
+Yen additionalLabour(const Session &session);
+
+// The rows the sheet shows below the header: the work rows, then the paint section.
 QList<EstimateRow> displayRows(const Session &session);
 
 // How many grid rows (header included) are needed to show `dataRows` rows.

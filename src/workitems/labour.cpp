@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "workitems/round_amount.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -144,6 +145,49 @@ QString reformatIndex(const QString &text)
     if (s.startsWith(QLatin1Char('.')))
         s.prepend(QLatin1Char('0'));
     return s;
+}
+
+std::optional<Yen> decimalProductToYen(const QString &a, const QString &b)
+{
+    const auto x = exactDecimal(a);
+    const auto y = exactDecimal(b);
+    if (!x || !y)
+        return std::nullopt;
+    return exactProduct(*x, *y);
+}
+
+std::optional<QString> decimalSum(const QString &a, const QString &b)
+{
+    const auto x = exactDecimal(a);
+    const auto y = exactDecimal(b);
+    if (!x || !y)
+        return std::nullopt;
+    const auto scaled = [](const ExactDecimal &v, int scale) {
+        __int128 d = v.digits;
+        for (int i = v.scale; i < scale; ++i)
+            d *= 10;
+        return d;
+    };
+    const int scale = std::max({x->scale, y->scale, 2});
+    __int128 sum = scaled(*x, scale) + scaled(*y, scale);
+    // Down to hundredths, ties to even, through the same rounding as the products.
+    __int128 hundredths = sum;
+    if (scale > 2) {
+        ExactDecimal value{sum, scale - 2};
+        const auto rounded = exactProduct(value, ExactDecimal{1, 0});
+        if (!rounded)
+            return std::nullopt;
+        hundredths = *rounded;
+    }
+    const bool negative = hundredths < 0;
+    if (negative)
+        hundredths = -hundredths;
+    const auto whole = static_cast<long long>(hundredths / 100);
+    const int cents = int(hundredths % 100);
+    return QStringLiteral("%1%2.%3")
+        .arg(negative ? QStringLiteral("-") : QString())
+        .arg(whole)
+        .arg(cents, 2, 10, QLatin1Char('0'));
 }
 
 std::optional<std::int16_t> parseRate(const QString &text)

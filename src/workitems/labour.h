@@ -40,4 +40,13 @@ QString reformatIndex(const QString &text);
 // or above 32,767.
 std::optional<std::int16_t> parseRate(const QString &text);
 
+// Exact product of two decimal texts (index × rate, coefficient × amount) to whole yen,
+// nearest with ties to even: 0.35 × 12,345 = 4,320.75 -> 4,321. Empty when either text is
+// not a number or the result leaves the 32-bit range.
+std::optional<Yen> decimalProductToYen(const QString &a, const QString &b);
+
+// Exact sum of two decimal texts shown "0.00" (ties to even beyond two decimals), so that
+// 0.35 + 0.10 reads "0.45" and never "0.44999". Empty when either text is not a number.
+std::optional<QString> decimalSum(const QString &a, const QString &b);
+
 } // namespace est::workitems

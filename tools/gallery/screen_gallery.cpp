@@ -6,6 +6,9 @@
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
+#include "paint/dlg_naiban.h"
+#include "paint/dlg_tinpei.h"
+#include "paint/frm_paint.h"
 #include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 
@@ -78,9 +81,6 @@ void fillSample(est::Session &s)
     s.totals.labour = 21500;
     s.totals.parts = 36900;
     s.totals.workTotalA = 58400;
-    s.totals.paintLabour = 30000;
-    s.totals.paintMaterial = 12000;
-    s.totals.paintTotalB = 42000;
 }
 
 // Clicks a button and saves whatever window it opens: a modal dialog is grabbed and closed
@@ -118,6 +118,40 @@ void openAndSave(QPushButton *button, const QString &folder)
     }
 }
 
+// A painted estimate: the paint screen with four lines, its dialogs, and the sheet's paint section.
+void savePaintScreens(est::Session &s, est::Messages &messages, const QString &appFolder, const QString &folder)
+{
+    using namespace est::paint;
+    s.customer[2] = s.header.customerName;
+    s.vehicle[4] = s.header.carName;
+    s.vehicle[13] = QStringLiteral("1F7");
+    s.vehicle[14] = QStringLiteral("ﾒﾀﾘｯｸ");
+    s.vehicle[15] = QStringLiteral("ﾌｯｿｺｰﾄ");
+    s.paint.vehicleClass = QStringLiteral("普通");
+    s.paintLabourRate = 7010;
+    QString error;
+    const auto masters = PaintMasters::open(appFolder, &error);
+    PaintEditor editor(masters.get(), s);
+    const struct { const char *section, *part, *range, *index; LineKind kind; } lines[] = {
+        {"フロント", "ボンネット", "1枚", "5.29", LineKind::Basic},
+        {"フロント", "フロントフェンダー(右)", "2枚", "9.16", LineKind::Basic},
+        {"", "ボンネット  低隠蔽性塗料　ﾙｰﾌ以外", "", "0.50", LineKind::LowHiding},
+        {"", "ボンネット　裏側塗装", "", "1.20", LineKind::Basic},
+    };
+    for (const auto &l : lines)
+        if (const auto line = editor.makeLine(l.kind, QString::fromUtf8(l.section), QString::fromUtf8(l.part), {},
+                                              QString::fromUtf8(l.range), QString::fromUtf8(l.index), true))
+            editor.calculation().add(*line);
+    editor.store({QStringLiteral("速乾"), QStringLiteral("1"), false, true, true}, s);
+
+    FrmPaint screen(s, messages, masters.get());
+    save(&screen, folder, QStringLiteral("frmPaint"));
+    DlgNaiban naiban(masters ? masters->innerPanelItems() : QList<InnerPanelItem>(), s.paint.vehicleClass, messages);
+    save(&naiban, folder, QStringLiteral("dlgNaiban"));
+    DlgTInpei tinpei(screen.editor(), QStringLiteral("ルーフ以外"), messages);
+    save(&tinpei, folder, QStringLiteral("dlgTInpei"));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -143,6 +177,9 @@ int main(int argc, char **argv)
     c.sheet->refresh();
     c.sheet->resize(1280, 900);
     save(c.sheet, folder, QStringLiteral("frmMitumori"));
+    savePaintScreens(session, messages, appFolder.path(), folder);
+    c.sheet->refresh();
+    save(c.sheet, folder, QStringLiteral("frmMitumori_paint"));
 
     // Every screen that the sheet and the settings hub open.
     for (QPushButton *button : c.sheet->findChildren<QPushButton *>())

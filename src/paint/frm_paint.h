@@ -1,0 +1,78 @@
+#pragma once
+// frmPaint: the paint screen. The user picks painted panels by category, takes the basic
+// index from the panel count and paint material, adds surcharge and inner-panel lines, and
+// sees labour, material cost and paint total B. It works on a PaintEditor (a copy of the
+// estimate's paint state) and writes into the session only on OK.
+
+#include "common/session.h"
+#include "paint/paint_editor.h"
+#include "uikit/guarded_dialog.h"
+
+class QLabel;
+class QPushButton;
+
+namespace est::paint {
+
+class FrmPaint : public ui::GuardedDialog
+{
+    Q_OBJECT
+public:
+    // `masters` may be null (no paint database): the lists stay empty, lines are typed by hand.
+    FrmPaint(Session &session, Messages &messages, const PaintMasters *masters, QWidget *parent = nullptr);
+    ~FrmPaint() override;
+
+    const PaintEditor &editor() const { return m_editor; }
+
+    // The bumper and additional-index screens hand their sums in here.
+    void setBumperLabour(Yen labour);
+    void setAdditionalTotal(Yen total);
+    QPushButton *bumperButton() const;
+    QPushButton *additionalButton() const;
+
+private:
+    struct Widgets;
+    void buildUi();
+    void connectUi();
+    void fillCategories();
+    void categoryClicked(int row);
+    void partClicked(int row);
+    void basicInputsChanged();
+    void basicIndexChanged(const QString &text);
+    void setEntryIndex(const QString &index, LineKind kind);
+    void entryIndexChanged();
+    void indexLeft();
+    void rateChanged(const QString &text);
+    void twoCoatToggled(bool on);
+    void lowHidingToggled(bool on);
+    void applySurcharge(const SurchargeEntry &entry);
+    void openLowHiding();
+    void openInnerPanels();
+
+    void addLine();
+    void insertLine();
+    void editLine();
+    void cancelEdit();
+    void deleteLine();
+    void confirm();
+
+    std::optional<PaintLine> entryLine();
+    bool change(PaintCalculation::Change result);
+    void clearEntry();
+    void loadEntry(const PaintLine &line);
+    void showLines();
+    void showSums();
+    void updateButtons();
+    void showLabour(QLabel *label, const QString &index);
+
+    Session &m_session;
+    PaintEditor m_editor;
+    Widgets *m_w;
+    QString m_section;          // category of the entry line
+    QString m_location;         // paint location of the chosen panel
+    QString m_partKind;         // "新品" / "修正" from the low-hiding dialog
+    LineKind m_kind = LineKind::Basic;
+    int m_chosenRow = -1;       // grid row the user clicked
+    int m_editing = -1;         // grid row being edited
+};
+
+} // namespace est::paint
