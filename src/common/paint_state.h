@@ -4,6 +4,7 @@
 // workbook stores on its sheet "P". Plain data; the screens give the values their meaning.
 
 #include "common/estimate_row.h"
+#include "common/money.h"
 
 #include <QList>
 #include <QString>
@@ -19,6 +20,7 @@ struct BumperState
     bool entered = false;                 // the screen has been completed once for this estimate
     std::int32_t lineCount = 0;           // number of bumper lines
     QStringList lines = QStringList(31);  // the screen's choices, restored when it reopens
+    Yen labourSum = 0;                    // front + rear bumper amount, whole yen
 };
 
 inline constexpr int kAdditionalItems = 6;
@@ -31,6 +33,7 @@ struct AdditionalState
     bool entered = false;                 // AdditionalEntered
     std::int32_t lineCount = 0;           // number of additional lines
     std::array<std::array<QString, kAdditionalFields>, kAdditionalItems> items;
+    Yen total = 0;                        // AdditionalTotal: the six amounts, whole yen
 };
 
 // Paint screen (frmPaint) and the paint section of the estimate.
