@@ -17,5 +17,8 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Bumper, additional and sheet-metal indices: the PartDB upgrade at start-up, frmBankin from
+// the work item editor, dlgBankinSetting from the settings hub.
+void wireIndices(AppContext &context);
 
 } // namespace est::app
