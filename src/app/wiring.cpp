@@ -11,6 +11,7 @@ void wireSubsystems(AppContext &context)
     wireWorkItems(context);
     wireCustomers(context);
     wireIndices(context);
+    wireReports(context);
 }
 
 } // namespace est::app

@@ -20,5 +20,8 @@ void wireCustomers(AppContext &context);
 // Bumper, additional and sheet-metal indices: the PartDB upgrade at start-up, frmBankin from
 // the work item editor, dlgBankinSetting from the settings hub.
 void wireIndices(AppContext &context);
+// Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
+// on every save, the yearly sales report, frmExp.
+void wireReports(AppContext &context);
 
 } // namespace est::app

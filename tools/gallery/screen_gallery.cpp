@@ -12,6 +12,7 @@
 #include "indices/frm_bumpa.h"
 #include "indices/frm_fuka.h"
 #include "indices/index_value.h"
+#include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 
 #include <QApplication>
@@ -204,6 +205,12 @@ int main(int argc, char **argv)
     for (QPushButton *button : c.settings->findChildren<QPushButton *>())
         if (button->objectName() != QLatin1String("cmdExit"))
             openAndSave(button, folder);
+    {
+        // The price import opens from frmExp, one level below the hub.
+        const QList<est::workitems::Maker> makers{{QStringLiteral("トヨタ"), QStringLiteral("Toyota")}};
+        est::reports::DlgPriceImport prices(appFolder.path(), makers, {}, {}, messages);
+        save(&prices, folder, QStringLiteral("dlgPriceImport"));
+    }
     c.settings->hide();
     c.start->show();
     for (const char *name : {"cmdSin", "cmdHen"})
