@@ -12,6 +12,7 @@ void wireSubsystems(AppContext &context)
     wireCustomers(context);
     wireIndices(context);
     wireReports(context);
+    wirePrint(context);
 }
 
 } // namespace est::app

@@ -23,5 +23,7 @@ void wireIndices(AppContext &context);
 // Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
 // on every save, the yearly sales report, frmExp.
 void wireReports(AppContext &context);
+// Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
+void wirePrint(AppContext &context);
 
 } // namespace est::app

@@ -24,6 +24,7 @@ QDateEdit *dateEdit(const char *name, QDate day, QWidget *parent)
     edit->setCalendarPopup(true);
     edit->setDisplayFormat(QStringLiteral("yyyy/MM/dd"));
     edit->setEnabled(false);
+    edit->setMinimumWidth(130);
     return edit;
 }
 
@@ -41,6 +42,7 @@ LibrarySearchPanel::LibrarySearchPanel(const EstimateLibrary &library, QDate tod
     m_text->setObjectName(QStringLiteral("txtSearch"));
     m_text->setPlaceholderText(QStringLiteral("お客様名・登録番号・車名・伝票番号の一部"));
     m_text->setClearButtonEnabled(true);
+    m_text->setMinimumWidth(300);
     controls->addWidget(m_text, 3);
     m_kind = new QComboBox(this);
     m_kind->setObjectName(QStringLiteral("cboKind"));

@@ -213,7 +213,7 @@ int main(int argc, char **argv)
     }
     c.settings->hide();
     c.start->show();
-    for (const char *name : {"cmdSin", "cmdHen"})
+    for (const char *name : {"cmdSin", "cmdHen", "cmdXls"})
         openAndSave(c.start->button(name), folder);
     saveIndexScreens(folder, appFolder.path(), messages);
     return 0;
