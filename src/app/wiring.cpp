@@ -11,6 +11,7 @@ void wireSubsystems(AppContext &context)
     wireWorkItems(context);
     wireCustomers(context);
     wirePaint(context);
+    wireIndices(context);
     wireReports(context);
     wirePrint(context);
     wireMasters(context);

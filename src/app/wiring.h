@@ -19,6 +19,9 @@ void wireWorkItems(AppContext &context);
 void wireCustomers(AppContext &context);
 // Painting: the sheet's 塗装作成 (dlgToryo, then frmPaint) and the inner-panel table editor.
 void wirePaint(AppContext &context);
+// Bumper, additional and sheet-metal indices: the PartDB upgrade at start-up, frmBankin from
+// the work item editor, dlgBankinSetting from the settings hub.
+void wireIndices(AppContext &context);
 // Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
 // on every save, the yearly sales report, frmExp.
 void wireReports(AppContext &context);

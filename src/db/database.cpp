@@ -2,7 +2,10 @@
 
 #include "db/app_folder.h"
 
+#include "db/transaction_guard.h"
+
 #include <QDir>
+#include <QRegularExpression>
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
@@ -16,6 +19,65 @@ QString builtInSql(const QString &baseName)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll());
+}
+
+QStringList addOnScripts(const QString &baseName)
+{
+    QStringList scripts;
+    const QStringList names = QDir(QStringLiteral(":/data"))
+                                  .entryList({baseName + QStringLiteral(".*.sql")}, QDir::Files, QDir::Name);
+    for (const QString &name : names) {
+        QFile file(QStringLiteral(":/data/") + name);
+        if (file.open(QIODevice::ReadOnly))
+            scripts.append(QString::fromUtf8(file.readAll()));
+    }
+    return scripts;
+}
+
+QString statementTable(const QString &statement)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral(R"(^\s*(?:CREATE\s+TABLE(?:\s+IF\s+NOT\s+EXISTS)?|INSERT\s+INTO|)"
+                       R"(CREATE\s+(?:UNIQUE\s+)?INDEX\s+(?:IF\s+NOT\s+EXISTS\s+)?\S+\s+ON)\s+)"
+                       R"(("(?:[^"]|"")+"|\[[^\]]+\]|[^\s(]+))"),
+        QRegularExpression::CaseInsensitiveOption);
+    const auto match = pattern.match(statement);
+    if (!match.hasMatch())
+        return {};
+    QString name = match.captured(1);
+    if (name.startsWith(QLatin1Char('"')))
+        return name.mid(1, name.size() - 2).replace(QStringLiteral("\"\""), QStringLiteral("\""));
+    if (name.startsWith(QLatin1Char('[')))
+        return name.mid(1, name.size() - 2);
+    return name;
+}
+
+QString addMissingTables(QSqlDatabase &database, const QString &script)
+{
+    const QStringList statements = splitStatements(script);
+    QStringList missing;
+    for (const QString &statement : statements) {
+        const QString table = statementTable(statement);
+        if (table.isEmpty())
+            return QStringLiteral("追加の表を作れない文があります: %1").arg(statement.left(80));
+        if (!missing.contains(table) && !tableExists(database, table))
+            missing.append(table);
+    }
+    if (missing.isEmpty())
+        return {};
+    TransactionGuard guard(database);
+    if (!guard.started())
+        return database.lastError().text();
+    QSqlQuery query(database);
+    for (const QString &statement : statements) {
+        if (!missing.contains(statementTable(statement)))
+            continue;
+        if (!query.exec(statement))
+            return query.lastError().text() + QStringLiteral("\n") + statement.left(200);
+    }
+    if (!guard.commit())
+        return database.lastError().text();
+    return {};
 }
 
 QStringList splitStatements(const QString &script)
@@ -101,6 +163,11 @@ QString openConnection(QSqlDatabase &database)
         return database.lastError().text();
     QSqlQuery pragma(database);
     pragma.exec(QStringLiteral("PRAGMA foreign_keys = ON"));
+    // A file made by an earlier version gains the tables added since. Should that fail (a
+    // read-only file), the file still serves its old tables and a lookup in a missing one
+    // finds nothing, as for any missing table.
+    for (const QString &script : addOnScripts(QFileInfo(database.databaseName()).completeBaseName()))
+        addMissingTables(database, script);
     return {};
 }
 
@@ -155,8 +222,9 @@ OpenResult openDatabase(const QString &appFolder, const QString &relative)
                                .arg(QDir::toNativeSeparators(info.absolutePath()));
             return result;
         }
-        const QString script = builtInSql(info.completeBaseName());
-        if (script.isEmpty()) {
+        const QString script = (QStringList{builtInSql(info.completeBaseName())}
+                                + addOnScripts(info.completeBaseName())).join(QStringLiteral(";\n"));
+        if (splitStatements(script).isEmpty()) {
             result.error = QStringLiteral("%1 が見つかりません。").arg(QDir::toNativeSeparators(fullPath));
             return result;
         }

@@ -19,7 +19,8 @@ struct OpenResult
 
 // Opens (creating when missing) the database file at `relative` below `appFolder`,
 // e.g. "temp\KokyakuDB.mdb" -> <appFolder>/temp/KokyakuDB.sqlite. The connection is named
-// after the full path and reused while open.
+// after the full path and reused while open. A new file is made from <name>.sql and its
+// add-on scripts; an existing file gains, on its first opening, the add-on tables it lacks.
 OpenResult openDatabase(const QString &appFolder, const QString &relative);
 
 // Opens an existing file only; never creates it.
@@ -30,6 +31,19 @@ void closeDatabase(const QString &fullPath);
 
 // The built-in SQL text for a database base name ("KokyakuDB"), empty when there is none.
 QString builtInSql(const QString &baseName);
+
+// Tables that later versions added to a database: the scripts data/<baseName>.<part>.sql,
+// in name order. Each holds CREATE TABLE statements and the sample rows of those tables.
+QStringList addOnScripts(const QString &baseName);
+
+// Creates, with their rows, the tables of an add-on script that the database lacks; a table
+// that is already there is left exactly as it is. All or nothing, in one transaction.
+// Returns an error text, empty on success.
+QString addMissingTables(QSqlDatabase &database, const QString &script);
+
+// The table that a CREATE TABLE, CREATE INDEX ... ON or INSERT INTO statement is about, with
+// its quotes removed; empty for any other statement.
+QString statementTable(const QString &statement);
 
 // Runs a script of SQL statements separated by ";" (quotes and "--" comments respected)
 // in one transaction. Returns an error text, empty on success.

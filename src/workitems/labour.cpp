@@ -79,6 +79,37 @@ std::optional<Yen> exactProduct(const ExactDecimal &a, const ExactDecimal &b)
     return Yen(q);
 }
 
+// Brings a decimal to `scale` places (scale >= its own).
+__int128 digitsAtScale(const ExactDecimal &value, int scale)
+{
+    __int128 digits = value.digits;
+    for (int i = value.scale; i < scale; ++i)
+        digits *= 10;
+    return digits;
+}
+
+// The shortest decimal text of a value: no trailing zeros after the point, "0" for zero.
+QString shortestText(ExactDecimal value)
+{
+    while (value.scale > 0 && value.digits % 10 == 0) {
+        value.digits /= 10;
+        --value.scale;
+    }
+    const bool negative = value.digits < 0;
+    unsigned __int128 magnitude = negative ? -value.digits : value.digits;
+    QString digits;
+    do {
+        digits.prepend(QChar(u'0' + int(magnitude % 10)));
+        magnitude /= 10;
+    } while (magnitude > 0);
+    if (value.scale > 0) {
+        while (digits.size() <= value.scale)
+            digits.prepend(QLatin1Char('0'));
+        digits.insert(digits.size() - value.scale, QLatin1Char('.'));
+    }
+    return negative ? QLatin1Char('-') + digits : digits;
+}
+
 // The product of two typed numbers; exact when both are plain decimals, else through doubles.
 std::optional<Yen> productToYen(const QString &a, double aValue, const QString &b, double bValue)
 {
@@ -103,6 +134,32 @@ std::optional<Yen> labourFromIndex(const QString &indexText, std::int16_t rate, 
     if (rounding.digits == 0)
         return amount;
     return roundAmount(*amount, rounding.digits, rounding.mode, messages);
+}
+
+std::optional<QString> sumIndexTexts(const QStringList &texts)
+{
+    constexpr int kMaxScale = 18;
+    ExactDecimal sum;
+    for (const QString &text : texts) {
+        const auto value = exactDecimal(text);
+        if (!value)
+            return std::nullopt;
+        const int scale = std::max(sum.scale, value->scale);
+        if (scale > kMaxScale)
+            return std::nullopt;
+        sum.digits = digitsAtScale(sum, scale) + digitsAtScale(*value, scale);
+        sum.scale = scale;
+    }
+    return shortestText(sum);
+}
+
+std::optional<QString> multiplyIndexText(const QString &text, std::int64_t count)
+{
+    auto value = exactDecimal(text);
+    if (!value)
+        return std::nullopt;
+    value->digits *= count;
+    return shortestText(*value);
 }
 
 std::optional<Yen> partTotal(const QString &unitPriceText, const QString &quantityText)

@@ -6,6 +6,7 @@
 #include "common/money.h"
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 
@@ -23,6 +24,14 @@ struct Rounding
 // leaves the 32-bit range.
 std::optional<Yen> labourFromIndex(const QString &indexText, std::int16_t rate, Rounding rounding,
                                    Messages &messages);
+
+// Sum of index texts, exact ("1.10" + "0.35" -> "1.45"), as the shortest decimal text
+// ("2.60" + "0.40" -> "3"). Empty when a text is not a plain decimal number.
+std::optional<QString> sumIndexTexts(const QStringList &texts);
+
+// An index times a whole count, exact ("0.25" x 3 -> "0.75"), as the shortest decimal text.
+// Empty when the text is not a plain decimal number.
+std::optional<QString> multiplyIndexText(const QString &text, std::int64_t count);
 
 // Part total of one row: unit price × quantity to whole yen (nearest, ties to even), never
 // subject to the shop's rounding. Empty when either text is blank or not a number, or on overflow.

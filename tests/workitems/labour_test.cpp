@@ -3,6 +3,7 @@
 #include "workitems/rate_settings.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 using namespace est;
 using namespace est::workitems;
@@ -160,6 +161,47 @@ TEST(RateChoice, EmptyRateChangesNothing)
     EXPECT_EQ(s.labourRate, 4500);
     EXPECT_EQ(s.roundDigits, 1);
     EXPECT_EQ(s.roundMode, 2);
+}
+
+} // namespace
+
+namespace {
+
+struct SumCase
+{
+    std::vector<const char *> texts;
+    std::optional<QString> expected;
+};
+
+class IndexSumTable : public ::testing::TestWithParam<SumCase>
+{
+};
+
+TEST_P(IndexSumTable, ExactShortestText)
+{
+    QStringList texts;
+    for (const char *t : GetParam().texts)
+        texts.append(QString::fromUtf8(t));
+    EXPECT_EQ(sumIndexTexts(texts), GetParam().expected) << texts.join('+').toStdString();
+}
+
+// 0.1 + 0.2 is 0.30000000000000004 in binary; the index sum must read 0.3.
+INSTANTIATE_TEST_SUITE_P(
+    ByHand, IndexSumTable,
+    ::testing::Values(SumCase{{"0.1", "0.2"}, QString("0.3")}, SumCase{{"2.60", "0.40"}, QString("3")},
+                      SumCase{{"3.04", "0", "0.2", "0", "0.15"}, QString("3.39")},
+                      SumCase{{"1.1", "0.05", "0"}, QString("1.15")}, SumCase{{}, QString("0")},
+                      SumCase{{"0", "0", "0"}, QString("0")}, SumCase{{"0.35", "-0.35"}, QString("0")},
+                      SumCase{{"0.3", "-0.55"}, QString("-0.25")}, SumCase{{"1", "x"}, std::nullopt},
+                      SumCase{{"", "1"}, std::nullopt}));
+
+TEST(IndexProduct, CountTimesIndexExact)
+{
+    EXPECT_EQ(multiplyIndexText("0.25", 3), QString("0.75"));
+    EXPECT_EQ(multiplyIndexText("0.15", 20), QString("3"));
+    EXPECT_EQ(multiplyIndexText("0.1", 3), QString("0.3")); // 0.30000000000000004 in binary
+    EXPECT_EQ(multiplyIndexText("1.5", 0), QString("0"));
+    EXPECT_EQ(multiplyIndexText("abc", 2), std::nullopt);
 }
 
 } // namespace

@@ -9,12 +9,21 @@
 #include "paint/dlg_naiban.h"
 #include "paint/dlg_tinpei.h"
 #include "paint/frm_paint.h"
+#include "db/database.h"
+#include "indices/bumper_calculation.h"
+#include "indices/frm_bankin.h"
+#include "indices/frm_bumpa.h"
+#include "indices/frm_fuka.h"
+#include "indices/index_value.h"
 #include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QPointer>
 #include <QSet>
@@ -150,6 +159,47 @@ void savePaintScreens(est::Session &s, est::Messages &messages, const QString &a
     save(&naiban, folder, QStringLiteral("dlgNaiban"));
     DlgTInpei tinpei(screen.editor(), QStringLiteral("ルーフ以外"), messages);
     save(&tinpei, folder, QStringLiteral("dlgTInpei"));
+// The index screens that open from inside other editors, filled with sample choices.
+void saveIndexScreens(const QString &folder, const QString &appFolder, est::Messages &messages)
+{
+    using namespace est::indices;
+    const auto opened = est::db::openDatabase(appFolder, kPartDb);
+    if (!opened.ok())
+        return;
+    FrmBankin bankin(opened.database, messages);
+    bankin.findChild<QLineEdit *>(QStringLiteral("txtTate"))->setText(QStringLiteral("30"));
+    bankin.findChild<QLineEdit *>(QStringLiteral("txtYoko"))->setText(QStringLiteral("45"));
+    save(&bankin, folder, bankin.objectName());
+
+    const BumperSettings settings{QStringLiteral("普通"), QStringLiteral("ﾒﾀﾘｯｸ"), 6800, {1, 1}};
+    BumperTables tables(opened.database);
+    BumperCalculation sample(tables, settings, messages);
+    sample.setIncluded(Side::Front, true);
+    sample.setWorkKind(Side::Front, QStringLiteral("取替"));
+    sample.setContent(Side::Front, QStringLiteral("全面塗装"));
+    sample.setIncluded(Side::Rear, true);
+    sample.setWorkKind(Side::Rear, QStringLiteral("修理"));
+    sample.setContent(Side::Rear, QStringLiteral("コーナー部塗装"));
+    sample.setCondition(Side::Rear, Condition::Kizu, true);
+    sample.setOffVehicle(true);
+    FrmBumpa bumpa(opened.database, settings, sample.confirmed(), messages);
+    save(&bumpa, folder, bumpa.objectName());
+
+    FrmFuka fuka(opened.database,
+                 {6800, {0, 1},
+                  {QStringLiteral("山田 太郎"), QStringLiteral("カローラ"), QStringLiteral("070"),
+                   QStringLiteral("ﾒﾀﾘｯｸ"), QStringLiteral("ﾌｯｿｺｰﾄ")}},
+                 est::AdditionalState{}, messages);
+    const auto pick = [&fuka](const char *name, const char *text) {
+        auto *box = fuka.findChild<QComboBox *>(QLatin1String(name));
+        box->setCurrentIndex(box->findText(QString::fromUtf8(text)));
+    };
+    pick("cboTone", "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
+    pick("cboMai", "3");
+    pick("cboSasyu", "4");
+    fuka.findChild<QLineEdit *>(QStringLiteral("txtSeelMai"))->setText(QStringLiteral("2"));
+    fuka.findChild<QCheckBox *>(QStringLiteral("chkBooth"))->setChecked(true);
+    save(&fuka, folder, fuka.objectName());
 }
 
 } // namespace
@@ -200,5 +250,6 @@ int main(int argc, char **argv)
     c.start->show();
     for (const char *name : {"cmdSin", "cmdHen", "cmdXls"})
         openAndSave(c.start->button(name), folder);
+    saveIndexScreens(folder, appFolder.path(), messages);
     return 0;
 }

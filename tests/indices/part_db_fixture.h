@@ -1,0 +1,40 @@
+#pragma once
+// A temporary application folder whose temp/PartDB.sqlite is made from the built-in schema
+// and sample data, opened for the index tables.
+
+#include "db/database.h"
+#include "indices/index_value.h"
+#include "scripted_messages.h"
+#include "temp_app_folder.h"
+
+#include <QSqlQuery>
+#include <gtest/gtest.h>
+
+namespace est::test {
+
+class PartDbTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        auto opened = db::openDatabase(folder.path(), indices::kPartDb);
+        ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
+        database = opened.database;
+    }
+    void TearDown() override
+    {
+        database = QSqlDatabase();
+        db::closeDatabase(folder.file("temp/PartDB.sqlite"));
+    }
+    void exec(const QString &sql)
+    {
+        QSqlQuery q(database);
+        ASSERT_TRUE(q.exec(sql)) << sql.toStdString();
+    }
+
+    TempAppFolder folder;
+    QSqlDatabase database;
+    ScriptedMessages messages;
+};
+
+} // namespace est::test
