@@ -17,5 +17,7 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Simple estimate: the chain of its screens for the work item editor's 簡易見積.
+void wireSimple(AppContext &context);
 
 } // namespace est::app
