@@ -33,6 +33,21 @@ QPainterPath withWheelArch(QPainterPath panel, qreal wheelX)
     return panel.subtracted(arch);
 }
 
+// The car seen from the front or from behind, its roof at `top`: body, window and two lamps.
+void drawEndView(QPainter &p, qreal top, const QBrush &body, const QBrush &glass, const QBrush &lamps,
+                 std::initializer_list<QRectF> lampRects)
+{
+    p.setBrush(body);
+    p.drawPolygon(QPolygonF({QPointF(470, top), QPointF(600, top), QPointF(618, top + 38), QPointF(618, top + 86),
+                             QPointF(452, top + 86), QPointF(452, top + 38)}));
+    p.setBrush(glass);
+    p.drawPolygon(QPolygonF({QPointF(478, top + 6), QPointF(592, top + 6), QPointF(606, top + 34),
+                             QPointF(464, top + 34)}));
+    p.setBrush(lamps);
+    for (const QRectF &rect : lampRects)
+        p.drawRoundedRect(rect, 4, 4);
+}
+
 // Side view: front at the left, sill at y 292, wheels at x 95 and 345.
 constexpr qreal kFrontWheel = 95;
 constexpr qreal kRearWheel = 345;
@@ -173,25 +188,9 @@ void CarDrawing::paintEvent(QPaintEvent *)
     p.drawEllipse(QPointF(kFrontWheel, 292), 12, 12);
     p.drawEllipse(QPointF(kRearWheel, 292), 12, 12);
 
-    // From the front: roof line, windscreen, headlamps beside the mask panel.
-    p.setBrush(body);
-    p.drawPolygon(QPolygonF({QPointF(470, 40), QPointF(600, 40), QPointF(618, 80), QPointF(618, 126),
-                             QPointF(452, 126), QPointF(452, 80)}));
-    p.setBrush(glass);
-    p.drawPolygon(QPolygonF({QPointF(478, 46), QPointF(592, 46), QPointF(606, 76), QPointF(464, 76)}));
-    p.setBrush(lamp);
-    p.drawRoundedRect(QRectF(458, 86, 28, 18), 4, 4);
-    p.drawRoundedRect(QRectF(584, 86, 28, 18), 4, 4);
-
-    // From behind: rear window, tail lamps beside the rear panel.
-    p.setBrush(body);
-    p.drawPolygon(QPolygonF({QPointF(470, 166), QPointF(600, 166), QPointF(618, 200), QPointF(618, 252),
-                             QPointF(452, 252), QPointF(452, 200)}));
-    p.setBrush(glass);
-    p.drawPolygon(QPolygonF({QPointF(480, 172), QPointF(590, 172), QPointF(604, 198), QPointF(466, 198)}));
-    p.setBrush(tail);
-    p.drawRoundedRect(QRectF(458, 212, 22, 18), 4, 4);
-    p.drawRoundedRect(QRectF(590, 212, 22, 18), 4, 4);
+    // From the front, headlamps beside the mask panel; from behind, tail lamps beside the rear panel.
+    drawEndView(p, 40, body, glass, lamp, {QRectF(458, 86, 28, 18), QRectF(584, 86, 28, 18)});
+    drawEndView(p, 166, body, glass, tail, {QRectF(458, 212, 22, 18), QRectF(590, 212, 22, 18)});
 
     // A minivan from the side, for the sliding door.
     p.setBrush(body);

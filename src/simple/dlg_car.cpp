@@ -1,5 +1,6 @@
 #include "simple/dlg_car.h"
 
+#include "simple/dialog_buttons.h"
 #include "uikit/named.h"
 
 #include <QGridLayout>
@@ -63,15 +64,8 @@ DlgCar::DlgCar(Messages &messages, EasyEstimateStore &store, const SimpleEstimat
         list->setMinimumSize(150, 200);
         layout->addWidget(list, 1, column++);
     }
-    auto *buttons = new QHBoxLayout;
-    auto *ok = named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
-    auto *cancel = named(new QPushButton(QStringLiteral("キャンセル"), this), "cmdCancel");
-    ok->setAutoDefault(false);
-    cancel->setAutoDefault(false);
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    layout->addLayout(buttons, 2, 0, 1, 3);
+    const DialogButtons buttons = dialogButtons(this);
+    layout->addLayout(buttons.row, 2, 0, 1, 3);
 
     fill(m_dlstSKA, m_store.classesA(m_state.workKind));
     fill(m_dlstSKB, m_store.allClassesB());
@@ -80,8 +74,8 @@ DlgCar::DlgCar(Messages &messages, EasyEstimateStore &store, const SimpleEstimat
     // Only a selection counts as a choice; the current row that focus gives a list does not.
     connect(m_dlstSKA, &QListWidget::itemSelectionChanged, this, &DlgCar::classAChosen);
     connect(m_dlstSKB, &QListWidget::itemSelectionChanged, this, &DlgCar::classBChosen);
-    connect(ok, &QPushButton::clicked, this, &DlgCar::confirm);
-    connect(cancel, &QPushButton::clicked, this, &DlgCar::cancelByButton);
+    connect(buttons.ok, &QPushButton::clicked, this, &DlgCar::confirm);
+    connect(buttons.cancel, &QPushButton::clicked, this, &DlgCar::cancelByButton);
 
     choose(m_dlstSKA, state.classA);
     choose(m_dlstSKB, state.classB);

@@ -1,5 +1,6 @@
 #include "simple/dlg_s_select.h"
 
+#include "simple/dialog_buttons.h"
 #include "uikit/named.h"
 
 #include <QButtonGroup>
@@ -36,16 +37,10 @@ DlgSSelect::DlgSSelect(Messages &messages, EasyEstimateStore *store, std::int16_
     m_optZP->setChecked(current == kPanelPaint);
     layout->addWidget(box);
 
-    auto *buttons = new QHBoxLayout;
-    auto *ok = named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
-    auto *cancel = named(new QPushButton(QStringLiteral("キャンセル"), this), "cmdCancel");
-    ok->setDefault(true);
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    layout->addLayout(buttons);
-    connect(ok, &QPushButton::clicked, this, &DlgSSelect::confirm);
-    connect(cancel, &QPushButton::clicked, this, &DlgSSelect::cancelByButton);
+    const DialogButtons buttons = dialogButtons(this, true);
+    layout->addLayout(buttons.row);
+    connect(buttons.ok, &QPushButton::clicked, this, &DlgSSelect::confirm);
+    connect(buttons.cancel, &QPushButton::clicked, this, &DlgSSelect::cancelByButton);
     setMinimumWidth(300);
 }
 

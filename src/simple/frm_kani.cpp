@@ -2,6 +2,7 @@
 
 #include "common/number_format.h"
 #include "simple/car_drawing.h"
+#include "simple/dialog_buttons.h"
 #include "simple/panels.h"
 #include "uikit/named.h"
 
@@ -125,21 +126,14 @@ FrmKani::FrmKani(Messages &messages, EasyEstimateStore *store, const SimpleEstim
     form->setColumnStretch(4, 1);
     layout->addWidget(chosen);
 
-    auto *buttons = new QHBoxLayout;
-    auto *ok = named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
-    auto *cancel = named(new QPushButton(QStringLiteral("キャンセル"), this), "cmdCancel");
-    ok->setAutoDefault(false);
-    cancel->setAutoDefault(false);
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    layout->addLayout(buttons);
+    const DialogButtons buttons = dialogButtons(this);
+    layout->addLayout(buttons.row);
 
     connect(m_drawing, &CarDrawing::panelClicked, this, &FrmKani::panelClicked);
     connect(m_grid, &QTableWidget::itemSelectionChanged, this, &FrmKani::rowChosen);
     connect(m_cmdKubun, &QPushButton::clicked, this, &FrmKani::changeClasses);
-    connect(ok, &QPushButton::clicked, this, &FrmKani::confirm);
-    connect(cancel, &QPushButton::clicked, this, &FrmKani::cancelByButton);
+    connect(buttons.ok, &QPushButton::clicked, this, &FrmKani::confirm);
+    connect(buttons.cancel, &QPushButton::clicked, this, &FrmKani::cancelByButton);
 
     showClassification();
     m_form.open();
