@@ -15,6 +15,7 @@ class QWidget;
 
 namespace est::ui { class WaitDialog; }
 namespace est::sheet { class FrmMitumori; }
+namespace est::workbook { class WorkbookStore; }
 
 namespace est::app {
 
@@ -37,6 +38,8 @@ struct AppContext
     DlgHajime *start = nullptr;
     FrmSetting *settings = nullptr;
     ui::WaitDialog *wait = nullptr;
+    // Saves and opens the estimate's workbook (set by the workbook wiring).
+    workbook::WorkbookStore *store = nullptr;
 
     // Run at start-up, in order, before the start dialog is shown.
     QList<std::function<void()>> startupSteps;

@@ -11,6 +11,7 @@ void wireWorkbook(AppContext &context)
     auto *store = new workbook::WorkbookStore(context.session, context.messages, context.clock, context.appFolder,
                                               context.wait, nullptr, context.sheet);
     context.sheet->setStore(store);
+    context.store = store;
     // The file name comes first in a new estimate, before the date and rate dialogs.
     // A new estimate has no workbook of its own yet.
     context.newEstimateSteps.prepend([store, &context] {

@@ -10,6 +10,7 @@ void wireSubsystems(AppContext &context)
     wireSheetExtras(context);
     wireWorkItems(context);
     wireCustomers(context);
+    wireReports(context);
     wireSimple(context);
 }
 

@@ -17,6 +17,9 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
+// Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
+// on every save, the yearly sales report, frmExp.
+void wireReports(AppContext &context);
 // Simple estimate: the chain of its screens for the work item editor's 簡易見積.
 void wireSimple(AppContext &context);
 

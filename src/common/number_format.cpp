@@ -62,7 +62,7 @@ bool isBlank(const QString &text)
     return text.trimmed().isEmpty();
 }
 
-std::optional<double> parseDisplayedNumber(const QString &text)
+QString asciiNumberText(const QString &text)
 {
     QString s;
     s.reserve(text.size());
@@ -80,6 +80,12 @@ std::optional<double> parseDisplayedNumber(const QString &text)
             continue;
         s.append(c);
     }
+    return s;
+}
+
+std::optional<double> parseDisplayedNumber(const QString &text)
+{
+    const QString s = asciiNumberText(text);
     if (s.isEmpty())
         return std::nullopt;
     bool ok = false;

@@ -22,6 +22,10 @@ QString formatThreeDigits(std::int64_t value);
 // "00000": at least five digits, zero-padded.
 QString formatFiveDigits(std::int64_t value);
 
+// A typed number in plain ASCII: full-width digits, minus, point and comma become ASCII;
+// blanks and thousands separators are dropped. Nothing else is checked.
+QString asciiNumberText(const QString &text);
+
 // Reads a displayed number: blanks around it and thousands separators are accepted,
 // full-width digits too. Empty text or anything that is not a number gives nothing.
 std::optional<double> parseDisplayedNumber(const QString &text);

@@ -4,11 +4,13 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 namespace est::workbook {
@@ -36,7 +38,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
 {
     setObjectName(QStringLiteral("dlgOpen"));
     setWindowTitle(QStringLiteral("見積ファイルを開く"));
-    auto *layout = new QVBoxLayout(this);
+    auto *layout = m_layout = new QVBoxLayout(this);
     auto *lists = new QHBoxLayout;
     m_dirs = new QTreeWidget(this);
     m_dirs->setObjectName(QStringLiteral("Dir1"));
@@ -83,6 +85,32 @@ void DlgOpen::showFolder(const QString &path)
     m_shown = path;
     m_files->clear();
     m_files->addItems(QDir(path).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name));
+}
+
+void DlgOpen::addPanel(QWidget *panel)
+{
+    panel->setParent(this);
+    m_layout->insertWidget(0, panel, 1);
+    resize(width(), height() + panel->sizeHint().height());
+}
+
+bool DlgOpen::selectFile(const QString &relativeName)
+{
+    const QFileInfo info(QDir(m_root).filePath(relativeName));
+    const QString folder = QDir::cleanPath(info.path());
+    for (QTreeWidgetItemIterator it(m_dirs); *it; ++it) {
+        if (QDir::cleanPath((*it)->data(0, Qt::UserRole).toString()) != folder)
+            continue;
+        m_dirs->setCurrentItem(*it);
+        showFolder((*it)->data(0, Qt::UserRole).toString());
+        const auto found = m_files->findItems(info.fileName(), Qt::MatchExactly);
+        if (found.isEmpty())
+            return false;
+        m_files->setCurrentItem(found.first());
+        found.first()->setSelected(true);
+        return true;
+    }
+    return false;
 }
 
 void DlgOpen::load()

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QListWidget;
+class QVBoxLayout;
 class QTreeWidget;
 
 namespace est::workbook {
@@ -23,6 +24,11 @@ public:
 
     // OK: loads the selected file; the dialog closes once the estimate is read.
     void load();
+    // Shows the file's folder in Dir1 and selects the file in File1 (a name relative to the
+    // estimates folder). False when it is not listed there.
+    bool selectFile(const QString &relativeName);
+    // Puts a panel (a search over the estimates) above the folder and file lists.
+    void addPanel(QWidget *panel);
 
 private:
     void showFolder(const QString &path);
@@ -32,6 +38,7 @@ private:
     QString m_shown;   // the folder whose files File1 lists
     QTreeWidget *m_dirs;
     QListWidget *m_files;
+    QVBoxLayout *m_layout;
 };
 
 } // namespace est::workbook

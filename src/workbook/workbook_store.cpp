@@ -37,6 +37,8 @@ bool WorkbookStore::askOpen()
         estimatesFolder(m_appFolder),
         [this](const QString &name) { return openEstimateWorkbook(m_session, m_messages, m_appFolder, name); },
         m_messages, m_dialogParent);
+    if (m_openHook)
+        m_openHook(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 
@@ -70,7 +72,11 @@ bool WorkbookStore::saveNow()
         };
         hooks.hideWait = [this] { m_wait->hide(); };
     }
-    return saveEstimateWorkbook(m_session, m_messages, m_appFolder, hooks);
+    if (!saveEstimateWorkbook(m_session, m_messages, m_appFolder, hooks))
+        return false;
+    if (m_saved)
+        m_saved(m_session.workbookPath);
+    return true;
 }
 
 } // namespace est::workbook

@@ -9,12 +9,15 @@
 #include "workbook/workbook.h"
 
 #include <QObject>
+#include <functional>
 
 class QWidget;
 
 namespace est::ui { class WaitDialog; }
 
 namespace est::workbook {
+
+class DlgOpen;
 
 class WorkbookStore : public QObject, public sheet::EstimateStore
 {
@@ -32,6 +35,11 @@ public:
     bool saveWithNewName() override;
     bool overwrite() override;
 
+    // Called with the workbook's path after every successful save.
+    void setSavedHook(std::function<void(const QString &path)> hook) { m_saved = std::move(hook); }
+    // Called on every open dialog before it is shown (the estimate search adds its panel).
+    void setOpenDialogHook(std::function<void(DlgOpen &)> hook) { m_openHook = std::move(hook); }
+
     // Tests: make the next saves fail at a chosen step.
     void setSaveFault(SaveFault fault) { m_fault = std::move(fault); }
 
@@ -45,6 +53,8 @@ private:
     ui::WaitDialog *m_wait;
     QWidget *m_dialogParent;
     SaveFault m_fault;
+    std::function<void(const QString &)> m_saved;
+    std::function<void(DlgOpen &)> m_openHook;
 };
 
 } // namespace est::workbook

@@ -6,6 +6,7 @@
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
+#include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 #include "simple/car_drawing.h"
 #include "simple/dlg_car.h"
@@ -179,6 +180,12 @@ int main(int argc, char **argv)
     for (QPushButton *button : c.settings->findChildren<QPushButton *>())
         if (button->objectName() != QLatin1String("cmdExit"))
             openAndSave(button, folder);
+    {
+        // The price import opens from frmExp, one level below the hub.
+        const QList<est::workitems::Maker> makers{{QStringLiteral("トヨタ"), QStringLiteral("Toyota")}};
+        est::reports::DlgPriceImport prices(appFolder.path(), makers, {}, {}, messages);
+        save(&prices, folder, QStringLiteral("dlgPriceImport"));
+    }
     c.settings->hide();
     saveSimpleEstimate(messages, appFolder.path(), folder);
     c.start->show();

@@ -1,0 +1,183 @@
+#include "mastertable/table_store.h"
+
+#include "db/database.h"
+#include "db/transaction_guard.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+namespace est::mastertable {
+
+namespace {
+
+QVariant bindValue(const ColumnSpec &column, const QString &value)
+{
+    if (column.kind == ColumnKind::Text)
+        return value;
+    if (value.isEmpty())
+        return QVariant(QMetaType(QMetaType::QString));  // NULL
+    if (column.kind == ColumnKind::WholeNumber)
+        return value.toLongLong();
+    // An index goes in as its text: a REAL or NUMERIC column stores the same number a typed
+    // literal would give, a TEXT column keeps the two decimals.
+    return value;
+}
+
+QString fieldList(const TableSpec &spec)
+{
+    QStringList fields;
+    for (const ColumnSpec &c : spec.columns)
+        fields << db::quoteIdentifier(c.field);
+    return fields.join(QStringLiteral(", "));
+}
+
+QString failure(const QSqlQuery &query)
+{
+    return QStringLiteral("データベースに書き込めませんでした。\n") + query.lastError().text();
+}
+
+} // namespace
+
+TableStore::TableStore(QSqlDatabase database, TableSpec spec)
+    : m_database(std::move(database)), m_spec(std::move(spec))
+{
+}
+
+QString TableStore::checkLayout() const
+{
+    if (!m_database.isOpen())
+        return QStringLiteral("データベースが開かれていません。");
+    if (!db::tableExists(m_database, m_spec.table))
+        return QStringLiteral("表 %1 がありません。").arg(m_spec.table);
+    const QSqlRecord record = m_database.record(db::quoteIdentifier(m_spec.table));
+    for (const ColumnSpec &c : m_spec.columns)
+        if (record.indexOf(c.field) < 0)
+            return QStringLiteral("表 %1 に列 %2 がありません。").arg(m_spec.table, c.field);
+    return {};
+}
+
+QList<StoredRow> TableStore::load(QString *error) const
+{
+    QList<StoredRow> rows;
+    if (QString problem = checkLayout(); !problem.isEmpty()) {
+        *error = problem;
+        return rows;
+    }
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    if (!query.exec(QStringLiteral("SELECT rowid, %1 FROM %2 ORDER BY rowid")
+                        .arg(fieldList(m_spec), db::quoteIdentifier(m_spec.table)))) {
+        *error = QStringLiteral("表 %1 を読めませんでした。\n%2").arg(m_spec.table, query.lastError().text());
+        return rows;
+    }
+    while (query.next()) {
+        StoredRow row;
+        row.rowid = query.value(0).toLongLong();
+        for (int i = 0; i < m_spec.columns.size(); ++i)
+            row.values << displayValue(m_spec.columns.at(i), query.value(i + 1));
+        rows << row;
+    }
+    error->clear();
+    return rows;
+}
+
+QString TableStore::insertRows(const QList<QStringList> &rows) const
+{
+    if (rows.isEmpty())
+        return {};
+    QStringList marks;
+    for (int i = 0; i < m_spec.columns.size(); ++i)
+        marks << QStringLiteral("?");
+    QSqlQuery insert(m_database);
+    if (!insert.prepare(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                            .arg(db::quoteIdentifier(m_spec.table), fieldList(m_spec), marks.join(QLatin1Char(',')))))
+        return failure(insert);
+    for (const QStringList &values : rows) {
+        for (int i = 0; i < m_spec.columns.size(); ++i)
+            insert.bindValue(i, bindValue(m_spec.columns.at(i), values.value(i)));
+        if (!insert.exec())
+            return failure(insert);
+    }
+    return {};
+}
+
+QString TableStore::apply(const TableChanges &changes) const
+{
+    if (QString problem = checkLayout(); !problem.isEmpty())
+        return problem;
+    db::TransactionGuard guard(m_database);
+    if (!guard.started())
+        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+    const QString table = db::quoteIdentifier(m_spec.table);
+
+    QSqlQuery remove(m_database);
+    remove.prepare(QStringLiteral("DELETE FROM %1 WHERE rowid = ?").arg(table));
+    for (qint64 rowid : changes.deleted) {
+        remove.bindValue(0, rowid);
+        if (!remove.exec())
+            return failure(remove);
+    }
+
+    QStringList assignments;
+    for (const ColumnSpec &c : m_spec.columns)
+        assignments << db::quoteIdentifier(c.field) + QStringLiteral(" = ?");
+    QSqlQuery update(m_database);
+    update.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?").arg(table, assignments.join(QStringLiteral(", "))));
+    const int n = int(m_spec.columns.size());
+    for (const StoredRow &row : changes.updated) {
+        for (int i = 0; i < n; ++i)
+            update.bindValue(i, bindValue(m_spec.columns.at(i), row.values.value(i)));
+        update.bindValue(n, row.rowid);
+        if (!update.exec())
+            return failure(update);
+    }
+
+    if (QString error = insertRows(changes.inserted); !error.isEmpty())
+        return error;
+    if (!guard.commit())
+        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+    return {};
+}
+
+QString TableStore::replaceAll(const QList<QStringList> &rows) const
+{
+    if (QString problem = checkLayout(); !problem.isEmpty())
+        return problem;
+    db::TransactionGuard guard(m_database);
+    if (!guard.started())
+        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+    QSqlQuery clear(m_database);
+    if (!clear.exec(QStringLiteral("DELETE FROM %1").arg(db::quoteIdentifier(m_spec.table))))
+        return failure(clear);
+    if (QString error = insertRows(rows); !error.isEmpty())
+        return error;
+    if (!guard.commit())
+        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+    return {};
+}
+
+QSet<QString> TableStore::referencedValues(const Reference &reference, QString *error) const
+{
+    QSet<QString> values;
+    const QSqlRecord record = db::tableExists(m_database, reference.table)
+                                  ? m_database.record(db::quoteIdentifier(reference.table))
+                                  : QSqlRecord();
+    if (record.indexOf(reference.field) < 0) {
+        *error = QStringLiteral("参照先 %1 の %2 がありません。").arg(reference.table, reference.field);
+        return values;
+    }
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    if (!query.exec(QStringLiteral("SELECT DISTINCT %1 FROM %2")
+                        .arg(db::quoteIdentifier(reference.field), db::quoteIdentifier(reference.table)))) {
+        *error = query.lastError().text();
+        return values;
+    }
+    while (query.next())
+        values.insert(query.value(0).toString());
+    error->clear();
+    return values;
+}
+
+} // namespace est::mastertable

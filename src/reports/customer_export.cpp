@@ -1,0 +1,119 @@
+#include "reports/customer_export.h"
+
+#include "db/database.h"
+#include "reports/csv_reader.h"
+
+#include <QSaveFile>
+#include <QSqlError>
+#include <QSqlQuery>
+
+namespace est::reports {
+
+namespace {
+
+struct Column
+{
+    const char *field;
+    const char16_t *caption;
+};
+
+constexpr Column kCustomerColumns[] = {
+    {"KNo", u"顧客番号"},       {"Namae", u"氏名"},             {"Post", u"郵便番号"},
+    {"Jyusyo1", u"住所1"},      {"Jyusyo2", u"住所2"},          {"TEL", u"電話"},
+    {"FAX", u"FAX"},            {"Cell", u"携帯電話"},          {"KaisyaN", u"会社名"},
+    {"KaisyaPost", u"会社郵便番号"}, {"KaisyaJ1", u"会社住所1"}, {"KaisyaJ2", u"会社住所2"},
+    {"KaisyaTEL", u"会社電話"}, {"KaisyaFAX", u"会社FAX"},      {"KaisyaCell", u"会社携帯電話"},
+    {"KKubun", u"顧客区分"},    {"Memo", u"メモ"},
+};
+
+constexpr Column kVehicleColumns[] = {
+    {"SNo", u"車両番号"},       {"NyuDay", u"入庫日"},       {"Meka", u"メーカー"},      {"Syamei", u"車名"},
+    {"Katasiki", u"型式"},      {"SyataiNo", u"車台番号"},   {"Touroku", u"登録番号"},   {"Syonendo", u"初年度登録"},
+    {"KataSitei", u"型式指定番号"}, {"Ruibetu", u"類別区分番号"}, {"Eg", u"エンジン"},     {"Syajyu", u"車両重量"},
+    {"Soukou", u"走行距離"},    {"Yuko", u"車検有効期限"},   {"IroNo", u"カラー番号"},   {"IroSyurui", u"塗装種類"},
+    {"Koukinou", u"高機能塗装"}, {"Bikou", u"備考"},
+};
+
+template <size_t N>
+QString selectList(const Column (&columns)[N], const char *alias, bool empty)
+{
+    QStringList parts;
+    for (const Column &c : columns)
+        parts << (empty ? QStringLiteral("NULL")
+                        : QStringLiteral("%1.\"%2\"").arg(QLatin1String(alias), QLatin1String(c.field)));
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+QStringList customerExportHeaders()
+{
+    QStringList headers;
+    for (const Column &c : kCustomerColumns)
+        headers << QString::fromUtf16(c.caption);
+    for (const Column &c : kVehicleColumns)
+        headers << QString::fromUtf16(c.caption);
+    return headers;
+}
+
+QString customerCsv(const QSqlDatabase &kokyaku, int *lines, QString *error)
+{
+    // Customers with their vehicles (or alone), then vehicles whose customer is gone.
+    const QString sql =
+        QStringLiteral("SELECT %1, %2, CAST(c.\"KNo\" AS INTEGER) AS k1, c.\"KNo\" AS k2, CAST(v.\"SNo\" AS INTEGER) AS "
+                       "s1, v.\"SNo\" AS s2, 0 AS orphan "
+                       "FROM \"Kokyaku_Jyouhou\" c LEFT JOIN \"Kokyaku_Syaryou\" v ON v.\"KNo\" = c.\"KNo\" "
+                       "UNION ALL SELECT %3, %4, NULL, NULL, CAST(v.\"SNo\" AS INTEGER), v.\"SNo\", 1 "
+                       "FROM \"Kokyaku_Syaryou\" v WHERE v.\"KNo\" IS NULL OR v.\"KNo\" NOT IN "
+                       "(SELECT \"KNo\" FROM \"Kokyaku_Jyouhou\") "
+                       "ORDER BY orphan, k1, k2, s1, s2")
+            .arg(selectList(kCustomerColumns, "c", false), selectList(kVehicleColumns, "v", false),
+                 selectList(kCustomerColumns, "c", true), selectList(kVehicleColumns, "v", false));
+    QSqlQuery q(kokyaku);
+    q.setForwardOnly(true);
+    if (!q.exec(sql)) {
+        if (error)
+            *error = q.lastError().text();
+        return {};
+    }
+    const int columns = int(std::size(kCustomerColumns) + std::size(kVehicleColumns));
+    QString text = csvLine(customerExportHeaders()) + QStringLiteral("\r\n");
+    int count = 0;
+    while (q.next()) {
+        QStringList fields;
+        fields.reserve(columns);
+        for (int i = 0; i < columns; ++i)
+            fields << q.value(i).toString();
+        text += csvLine(fields) + QStringLiteral("\r\n");
+        ++count;
+    }
+    if (lines)
+        *lines = count;
+    return text;
+}
+
+QString customerExportFileName(QDate day)
+{
+    return QStringLiteral("顧客車両_") + day.toString(QStringLiteral("yyyyMMdd")) + QStringLiteral(".csv");
+}
+
+CustomerExport exportCustomers(const QString &appFolder, const QString &target, TextEncoding encoding)
+{
+    CustomerExport result;
+    db::OpenResult opened = db::openDatabase(appFolder, QStringLiteral("temp\\KokyakuDB.mdb"));
+    if (!opened.ok()) {
+        result.error = opened.error;
+        return result;
+    }
+    const QString text = customerCsv(opened.database, &result.lines, &result.error);
+    if (!result.error.isEmpty())
+        return result;
+    const QByteArray bytes =
+        encoding == TextEncoding::ShiftJis ? encodeShiftJis(text, &result.unmappable) : encodeUtf8WithBom(text);
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        result.error = QStringLiteral("%1 に書き込めません。").arg(target);
+    return result;
+}
+
+} // namespace est::reports

@@ -1,0 +1,154 @@
+#include "reports/frm_exp.h"
+
+#include "reports/backup_archive.h"
+#include "reports/customer_export.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace est::reports {
+
+namespace {
+
+const QString kTitle = QStringLiteral("データ出力");
+
+QPushButton *button(const char *name, const QString &caption, QWidget *parent)
+{
+    auto *b = new QPushButton(caption, parent);
+    b->setObjectName(QLatin1String(name));
+    b->setMinimumHeight(32);
+    return b;
+}
+
+} // namespace
+
+FrmExp::FrmExp(QString appFolder, const Clock &clock, FileChooser chooser, Messages &messages, QWidget *parent)
+    : ui::GuardedDialog(messages, parent), m_appFolder(std::move(appFolder)), m_clock(clock),
+      m_chooser(std::move(chooser))
+{
+    setObjectName(QStringLiteral("frmExp"));
+    setWindowTitle(kTitle);
+    auto *layout = new QVBoxLayout(this);
+
+    auto *csv = new QGroupBox(QStringLiteral("顧客・車両データの出力（CSV）"), this);
+    auto *csvLayout = new QVBoxLayout(csv);
+    m_utf8 = new QRadioButton(QStringLiteral("UTF-8（BOM付き・新しい表計算ソフト用）"), csv);
+    m_utf8->setObjectName(QStringLiteral("optUtf8"));
+    m_utf8->setChecked(true);
+    m_shiftJis = new QRadioButton(QStringLiteral("Shift_JIS（古い表計算ソフト用）"), csv);
+    m_shiftJis->setObjectName(QStringLiteral("optSjis"));
+    csvLayout->addWidget(m_utf8);
+    csvLayout->addWidget(m_shiftJis);
+    QPushButton *exportButton = button("cmdCsv", QStringLiteral("CSVファイルに出力…"), csv);
+    csvLayout->addWidget(exportButton);
+    layout->addWidget(csv);
+
+    auto *backupBox = new QGroupBox(QStringLiteral("バックアップ"), this);
+    auto *backupLayout = new QVBoxLayout(backupBox);
+    backupLayout->addWidget(new QLabel(QStringLiteral("データベースと見積ファイルを、日付の付いた1つのzipファイルにまとめます。\n"
+                                                      "復元は、ファイルをすべて確かめてから置き換えます。"),
+                                       backupBox));
+    QPushButton *backupButton = button("cmdBackup", QStringLiteral("バックアップを作成…"), backupBox);
+    QPushButton *restoreButton = button("cmdRestore", QStringLiteral("バックアップから復元…"), backupBox);
+    backupLayout->addWidget(backupButton);
+    backupLayout->addWidget(restoreButton);
+    layout->addWidget(backupBox);
+
+    auto *priceBox = new QGroupBox(QStringLiteral("部品価格"), this);
+    auto *priceLayout = new QVBoxLayout(priceBox);
+    QPushButton *priceButton = button("cmdPrice", QStringLiteral("CSVから部品価格を取り込む…"), priceBox);
+    priceButton->setEnabled(false);
+    priceLayout->addWidget(priceButton);
+    layout->addWidget(priceBox);
+
+    QPushButton *exit = button("cmdExit", QStringLiteral("閉じる"), this);
+    layout->addWidget(exit);
+
+    connect(exportButton, &QPushButton::clicked, this, &FrmExp::exportCustomers);
+    connect(backupButton, &QPushButton::clicked, this, &FrmExp::backup);
+    connect(restoreButton, &QPushButton::clicked, this, &FrmExp::restore);
+    connect(priceButton, &QPushButton::clicked, this, [this] {
+        if (m_priceImport)
+            m_priceImport(this);
+    });
+    connect(exit, &QPushButton::clicked, this, &FrmExp::cancelByButton);
+}
+
+void FrmExp::setPriceImport(std::function<void(QWidget *)> open)
+{
+    m_priceImport = std::move(open);
+    findChild<QPushButton *>(QStringLiteral("cmdPrice"))->setEnabled(bool(m_priceImport));
+}
+
+void FrmExp::exportCustomers()
+{
+    const QString path = m_chooser(this, FileQuestion::SaveCustomerCsv,
+                                   QDir::home().filePath(customerExportFileName(m_clock.today())));
+    if (path.isEmpty())
+        return;
+    const TextEncoding encoding = m_shiftJis->isChecked() ? TextEncoding::ShiftJis : TextEncoding::Utf8;
+    const CustomerExport result = reports::exportCustomers(m_appFolder, path, encoding);
+    if (!result.error.isEmpty()) {
+        messages().inform(QStringLiteral("顧客データを出力できませんでした。\n") + result.error, kTitle,
+                          MessageIcon::Critical);
+        return;
+    }
+    QString text = QStringLiteral("顧客・車両データを %1 行出力しました。\n%2").arg(result.lines).arg(path);
+    if (result.unmappable > 0)
+        text += QStringLiteral("\nShift_JIS で表せない文字 %1 字は「?」になっています。").arg(result.unmappable);
+    messages().inform(text, kTitle, MessageIcon::Information);
+}
+
+void FrmExp::backup()
+{
+    const QString path =
+        m_chooser(this, FileQuestion::SaveBackup, QDir::home().filePath(backupFileName(m_clock.today())));
+    if (path.isEmpty())
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const BackupResult result = writeBackup(m_appFolder, path);
+    QApplication::restoreOverrideCursor();
+    if (!result.error.isEmpty()) {
+        messages().inform(QStringLiteral("バックアップを作成できませんでした。\n") + result.error, kTitle,
+                          MessageIcon::Critical);
+        return;
+    }
+    messages().inform(QStringLiteral("バックアップを作成しました（%1 ファイル）。\n%2").arg(result.files).arg(path),
+                      kTitle, MessageIcon::Information);
+}
+
+void FrmExp::restore()
+{
+    const QString path = m_chooser(this, FileQuestion::OpenBackup, QDir::homePath());
+    if (path.isEmpty())
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const BackupCheck check = checkBackup(path);
+    QApplication::restoreOverrideCursor();
+    if (!check.error.isEmpty()) {
+        messages().inform(QStringLiteral("このバックアップからは復元できません。何も変更していません。\n") + check.error,
+                          kTitle, MessageIcon::Critical);
+        return;
+    }
+    if (messages().askYesNo(QStringLiteral("バックアップの %1 ファイルで、今のデータを置き換えます。\n"
+                                           "よろしいですか？")
+                                .arg(check.files.size()),
+                            kTitle, MessageIcon::Exclamation) != Answer::Yes)
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const QString error = restoreBackup(m_appFolder, path);
+    QApplication::restoreOverrideCursor();
+    if (!error.isEmpty()) {
+        messages().inform(QStringLiteral("復元できませんでした。\n") + error, kTitle, MessageIcon::Critical);
+        return;
+    }
+    messages().inform(QStringLiteral("復元しました。\nプログラムを終了して、もう一度起動してください。"), kTitle,
+                      MessageIcon::Information);
+}
+
+} // namespace est::reports

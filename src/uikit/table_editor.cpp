@@ -1,0 +1,371 @@
+#include "uikit/table_editor.h"
+
+#include "mastertable/csv_transfer.h"
+#include "mastertable/table_edit_model.h"
+#include "uikit/named.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStyledItemDelegate>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace est::ui {
+
+using mastertable::CsvEncoding;
+using mastertable::TableEditModel;
+
+// Line edits for the cells that can reopen a refused cell with the text the user typed, and
+// commit an open editor before saving or closing.
+class HeldTextDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void retryWith(const QModelIndex &index, const QString &typed)
+    {
+        m_retryIndex = index;
+        m_retryText = typed;
+    }
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
+        m_open = editor;
+        return editor;
+    }
+
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        auto *line = qobject_cast<QLineEdit *>(editor);
+        if (line && m_retryIndex.isValid() && index == m_retryIndex) {
+            line->setText(m_retryText);
+            m_retryIndex = QPersistentModelIndex();
+            return;
+        }
+        QStyledItemDelegate::setEditorData(editor, index);
+    }
+
+    // Commits and closes the open cell editor, if any.
+    void finishEditing()
+    {
+        if (QWidget *editor = m_open.data()) {
+            m_open.clear();
+            Q_EMIT commitData(editor);
+            Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+        }
+    }
+
+private:
+    mutable QPointer<QWidget> m_open;
+    mutable QPersistentModelIndex m_retryIndex;
+    mutable QString m_retryText;
+};
+
+namespace {
+
+const QString kDeleteTitle = QStringLiteral("削除");
+
+QString defaultChooser(QWidget *parent, bool forExport, const QString &suggestedName)
+{
+    const QString filter = QStringLiteral("CSVファイル (*.csv);;すべてのファイル (*)");
+    return forExport ? QFileDialog::getSaveFileName(parent, QStringLiteral("CSV書出"), suggestedName, filter)
+                     : QFileDialog::getOpenFileName(parent, QStringLiteral("CSV読込"), QString(), filter);
+}
+
+} // namespace
+
+TableEditor::TableEditor(mastertable::TableSpec spec, QSqlDatabase database, Messages &messages, QWidget *parent)
+    : QWidget(parent), m_messages(messages)
+{
+    setObjectName(spec.table);
+    m_model = new TableEditModel(mastertable::TableStore(std::move(database), std::move(spec)), this);
+    m_chooseFile = [this](bool forExport, const QString &name) { return defaultChooser(this, forExport, name); };
+    buildUi();
+    connect(m_model, &TableEditModel::refused, this, [this](int row, int column, const QString &typed, const QString &message) {
+        ++m_refusals;
+        // After the view has closed the refused editor: report, then reopen it with the typed text.
+        QTimer::singleShot(0, this, [this, row, column, typed, message] { showRefusal(row, column, typed, message); });
+    });
+    if (!m_model->loadError().isEmpty())
+        m_messages.inform(m_model->loadError(), this->spec().caption, MessageIcon::Critical);
+}
+
+TableEditor::~TableEditor() = default;
+
+const mastertable::TableSpec &TableEditor::spec() const
+{
+    return m_model->spec();
+}
+
+void TableEditor::buildUi()
+{
+    auto *layout = new QVBoxLayout(this);
+    m_view = named(new QTableView(this), "dgTable");
+    m_view->setModel(m_model);
+    m_delegate = new HeldTextDelegate(m_view);
+    m_view->setItemDelegate(m_delegate);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectItems);
+    m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+                            | QAbstractItemView::AnyKeyPressed);
+    m_view->horizontalHeader()->setMinimumSectionSize(70);
+    m_view->resizeColumnsToContents();
+    m_view->horizontalHeader()->setStretchLastSection(true);
+    layout->addWidget(m_view, 1);
+
+    auto *buttons = new QHBoxLayout;
+    const auto button = [&](const char *name, const char *caption, void (TableEditor::*slot)()) {
+        auto *b = named(new QPushButton(QString::fromUtf8(caption), this), name);
+        connect(b, &QPushButton::clicked, this, slot);
+        buttons->addWidget(b);
+        return b;
+    };
+    button("cmdAdd", "追加", &TableEditor::addRow);
+    button("cmdDel", "削除", &TableEditor::deleteRows);
+    buttons->addSpacing(16);
+    button("cmdUndo", "元に戻す", &TableEditor::undo);
+    auto *saveButton = named(new QPushButton(QStringLiteral("保存"), this), "cmdSave");
+    connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
+    buttons->addWidget(saveButton);
+    buttons->addStretch(1);
+    buttons->addWidget(new QLabel(QStringLiteral("文字コード"), this));
+    m_encoding = named(new QComboBox(this), "cboEncoding");
+    m_encoding->addItem(QStringLiteral("自動判別"), int(CsvEncoding::Auto));
+    m_encoding->addItem(QStringLiteral("UTF-8"), int(CsvEncoding::Utf8));
+    m_encoding->addItem(QStringLiteral("Shift_JIS"), int(CsvEncoding::ShiftJis));
+    buttons->addWidget(m_encoding);
+    button("cmdImport", "CSV読込", &TableEditor::importFile);
+    button("cmdExport", "CSV書出", &TableEditor::exportFile);
+    layout->addLayout(buttons);
+}
+
+bool TableEditor::isDirty() const
+{
+    return m_model->isDirty();
+}
+
+bool TableEditor::finishEditing()
+{
+    const int before = m_refusals;
+    m_delegate->finishEditing();
+    return m_refusals == before;
+}
+
+void TableEditor::showRefusal(int row, int column, const QString &typed, const QString &message)
+{
+    m_messages.inform(message, spec().caption, MessageIcon::Exclamation);
+    const QModelIndex cell = m_model->index(row, column);
+    if (!cell.isValid())
+        return;
+    m_view->setCurrentIndex(cell);
+    m_delegate->retryWith(cell, typed);
+    m_view->edit(cell);
+}
+
+void TableEditor::addRow()
+{
+    finishEditing();
+    const int row = m_model->appendRow();
+    const QModelIndex cell = m_model->index(row, 0);
+    m_view->scrollTo(cell);
+    m_view->setCurrentIndex(cell);
+    m_view->edit(cell);
+}
+
+void TableEditor::deleteRows()
+{
+    finishEditing();
+    QList<int> rows;
+    for (const QModelIndex &index : m_view->selectionModel()->selectedIndexes())
+        if (!rows.contains(index.row()))
+            rows << index.row();
+    if (rows.isEmpty() && m_view->currentIndex().isValid())
+        rows << m_view->currentIndex().row();
+    if (rows.isEmpty()) {
+        m_messages.inform(QStringLiteral("削除するデータはありません．"), QStringLiteral("警告"), MessageIcon::None);
+        return;
+    }
+    if (m_messages.askYesNo(QStringLiteral("削除します。\nデータが失われます。\nよろしいですか？"), kDeleteTitle,
+                            MessageIcon::Exclamation)
+        != Answer::Yes)
+        return;
+    m_model->removeHeldRows(rows);
+}
+
+void TableEditor::undo()
+{
+    finishEditing();
+    if (!m_model->isDirty())
+        return;
+    if (m_messages.askYesNo(QStringLiteral("保存していない変更をすべて取り消して、保存した内容に戻します。\nよろしいですか？"),
+                            spec().caption, MessageIcon::Question)
+        == Answer::Yes)
+        m_model->reload();
+}
+
+bool TableEditor::save()
+{
+    if (!finishEditing())
+        return false;
+    const mastertable::SaveOutcome outcome = m_model->save();
+    if (!outcome.saved) {
+        m_messages.inform(outcome.message, spec().caption, MessageIcon::Exclamation);
+        if (outcome.row >= 0)
+            m_view->setCurrentIndex(m_model->index(outcome.row, std::max(0, outcome.column)));
+        return false;
+    }
+    Q_EMIT saved();
+    return true;
+}
+
+bool TableEditor::confirmClose()
+{
+    if (!finishEditing())
+        return false;
+    if (!m_model->isDirty())
+        return true;
+    switch (m_messages.askYesNoCancel(QStringLiteral("「%1」の変更が保存されていません。\n保存しますか？").arg(spec().caption),
+                                      spec().caption, MessageIcon::Question)) {
+    case Answer::Yes:
+        return save();
+    case Answer::No:
+        m_model->reload();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TableEditor::refuseWhileDirty()
+{
+    if (!finishEditing())
+        return true;
+    if (!m_model->isDirty())
+        return false;
+    m_messages.inform(QStringLiteral("保存していない変更があります。\n先に保存するか、元に戻してください。"), spec().caption,
+                      MessageIcon::Exclamation);
+    return true;
+}
+
+void TableEditor::exportFile()
+{
+    if (refuseWhileDirty())
+        return;
+    const QString path = m_chooseFile(true, spec().table + QStringLiteral(".csv"));
+    if (path.isEmpty())
+        return;
+    QString error;
+    const QByteArray bytes = mastertable::exportCsv(m_model->store(), &error);
+    QSaveFile file(path);
+    if (error.isEmpty() && !(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()))
+        error = QStringLiteral("%1 に書き込めませんでした。").arg(path);
+    if (!error.isEmpty())
+        m_messages.inform(error, spec().caption, MessageIcon::Critical);
+    else
+        m_messages.inform(QStringLiteral("%1行を書き出しました。").arg(m_model->rowCount()), spec().caption,
+                          MessageIcon::Information);
+}
+
+void TableEditor::importFile()
+{
+    if (refuseWhileDirty())
+        return;
+    const QString path = m_chooseFile(false, QString());
+    if (path.isEmpty())
+        return;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_messages.inform(QStringLiteral("%1 を開けませんでした。").arg(path), spec().caption, MessageIcon::Critical);
+        return;
+    }
+    if (file.size() > mastertable::kCsvMaxBytes) {
+        m_messages.inform(QStringLiteral("ファイルが大きすぎます。"), spec().caption, MessageIcon::Critical);
+        return;
+    }
+    if (m_messages.askYesNo(QStringLiteral("「%1」の内容を、ファイルの内容で置き換えます。\nよろしいですか？").arg(spec().caption),
+                            spec().caption, MessageIcon::Question)
+        != Answer::Yes)
+        return;
+    const auto encoding = CsvEncoding(m_encoding->currentData().toInt());
+    const mastertable::ImportReport report = mastertable::importCsv(m_model->store(), file.readAll(), encoding);
+    m_messages.inform(report.summary(), spec().caption, report.applied ? MessageIcon::Information : MessageIcon::Exclamation);
+    if (report.applied) {
+        m_model->reload();
+        Q_EMIT saved();
+    }
+}
+
+TableEditorWindow::TableEditorWindow(const QString &objectName, const QString &title, Messages &messages,
+                                     QWidget *parent)
+    : QDialog(parent), m_messages(messages)
+{
+    setObjectName(objectName);
+    setWindowTitle(title);
+    m_layout = new QVBoxLayout(this);
+    m_tabs = named(new QTabWidget(this), "tabTables");
+    m_tabs->setTabBarAutoHide(true);
+    m_layout->addWidget(m_tabs, 1);
+    auto *bottom = new QHBoxLayout;
+    bottom->addStretch(1);
+    auto *exit = named(new QPushButton(QStringLiteral("閉じる"), this), "cmdExit");
+    exit->setAutoDefault(false);
+    connect(exit, &QPushButton::clicked, this, &QWidget::close);
+    bottom->addWidget(exit);
+    m_layout->addLayout(bottom);
+    resize(900, 600);
+}
+
+TableEditor *TableEditorWindow::addTable(const mastertable::TableSpec &spec, QSqlDatabase database)
+{
+    auto *editor = new TableEditor(spec, std::move(database), m_messages, m_tabs);
+    m_tabs->addTab(editor, spec.caption);
+    m_editors << editor;
+    return editor;
+}
+
+void TableEditorWindow::addPanel(QWidget *panel)
+{
+    m_layout->insertWidget(m_layout->count() - 1, panel);
+}
+
+TableEditor *TableEditorWindow::editor(const QString &table) const
+{
+    for (TableEditor *e : m_editors)
+        if (e->spec().table == table)
+            return e;
+    return nullptr;
+}
+
+void TableEditorWindow::closeEvent(QCloseEvent *event)
+{
+    for (TableEditor *e : m_editors) {
+        if (e->isDirty())
+            m_tabs->setCurrentWidget(e);
+        if (!e->confirmClose()) {
+            m_tabs->setCurrentWidget(e);
+            event->ignore();
+            return;
+        }
+    }
+    event->accept();
+    // Ends exec() as rejected without going through reject(), which comes back here.
+    QDialog::done(QDialog::Rejected);
+}
+
+void TableEditorWindow::reject()
+{
+    close();
+}
+
+} // namespace est::ui
