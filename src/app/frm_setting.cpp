@@ -26,6 +26,7 @@ FrmSetting::FrmSetting(QWidget *parent) : QWidget(parent, Qt::Window)
         {"cmdKokyakuSet", "顧客データ設定"},
         {"cmdKaniSet", "簡易見積単価設定"},
         {"cmdExp", "データ出力"},
+        {"cmdPrinter", "プリンタ設定"},
     };
     int i = 0;
     for (const auto &[name, caption] : buttons) {

@@ -11,6 +11,7 @@ void wireSubsystems(AppContext &context)
     wireWorkItems(context);
     wireCustomers(context);
     wireReports(context);
+    wirePrint(context);
     wireSimple(context);
 }
 

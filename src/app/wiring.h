@@ -20,6 +20,8 @@ void wireCustomers(AppContext &context);
 // Reports and data exchange: the estimate search in dlgOpen and the library kept up to date
 // on every save, the yearly sales report, frmExp.
 void wireReports(AppContext &context);
+// Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
+void wirePrint(AppContext &context);
 // Simple estimate: the chain of its screens for the work item editor's 簡易見積.
 void wireSimple(AppContext &context);
 

@@ -1,7 +1,7 @@
 #include "reports/customer_export.h"
 
 #include "db/database.h"
-#include "reports/csv_reader.h"
+#include "reports/text_codec.h"
 
 #include <QSaveFile>
 #include <QSqlError>
@@ -56,7 +56,7 @@ QStringList customerExportHeaders()
     return headers;
 }
 
-QString customerCsv(const QSqlDatabase &kokyaku, int *lines, QString *error)
+QList<QStringList> customerRecords(const QSqlDatabase &kokyaku, QString *error)
 {
     // Customers with their vehicles (or alone), then vehicles whose customer is gone.
     const QString sql =
@@ -76,20 +76,16 @@ QString customerCsv(const QSqlDatabase &kokyaku, int *lines, QString *error)
             *error = q.lastError().text();
         return {};
     }
+    QList<QStringList> records{customerExportHeaders()};
     const int columns = int(std::size(kCustomerColumns) + std::size(kVehicleColumns));
-    QString text = csvLine(customerExportHeaders()) + QStringLiteral("\r\n");
-    int count = 0;
     while (q.next()) {
         QStringList fields;
         fields.reserve(columns);
         for (int i = 0; i < columns; ++i)
             fields << q.value(i).toString();
-        text += csvLine(fields) + QStringLiteral("\r\n");
-        ++count;
+        records.append(fields);
     }
-    if (lines)
-        *lines = count;
-    return text;
+    return records;
 }
 
 QString customerExportFileName(QDate day)
@@ -97,7 +93,7 @@ QString customerExportFileName(QDate day)
     return QStringLiteral("顧客車両_") + day.toString(QStringLiteral("yyyyMMdd")) + QStringLiteral(".csv");
 }
 
-CustomerExport exportCustomers(const QString &appFolder, const QString &target, TextEncoding encoding)
+CustomerExport exportCustomers(const QString &appFolder, const QString &target, mastertable::CsvEncoding encoding)
 {
     CustomerExport result;
     db::OpenResult opened = db::openDatabase(appFolder, QStringLiteral("temp\\KokyakuDB.mdb"));
@@ -105,11 +101,14 @@ CustomerExport exportCustomers(const QString &appFolder, const QString &target, 
         result.error = opened.error;
         return result;
     }
-    const QString text = customerCsv(opened.database, &result.lines, &result.error);
+    const QList<QStringList> records = customerRecords(opened.database, &result.error);
     if (!result.error.isEmpty())
         return result;
-    const QByteArray bytes =
-        encoding == TextEncoding::ShiftJis ? encodeShiftJis(text, &result.unmappable) : encodeUtf8WithBom(text);
+    result.lines = int(records.size()) - 1;
+    QByteArray bytes = mastertable::writeCsv(records);
+    // The same text without the byte-order mark, in Shift_JIS.
+    if (encoding == mastertable::CsvEncoding::ShiftJis)
+        bytes = encodeShiftJis(QString::fromUtf8(bytes.mid(3)), &result.unmappable);
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         result.error = QStringLiteral("%1 に書き込めません。").arg(target);

@@ -4,7 +4,7 @@
 // whose customer is gone one line with empty customer fields). UTF-8 with a byte-order mark,
 // or Shift_JIS for older spreadsheet programs.
 
-#include "reports/text_codec.h"
+#include "mastertable/csv_file.h"
 
 #include <QDate>
 #include <QSqlDatabase>
@@ -23,13 +23,14 @@ struct CustomerExport
 // The header captions, in column order.
 QStringList customerExportHeaders();
 
-// The CSV text of the customer database (header first, CRLF line ends).
-QString customerCsv(const QSqlDatabase &kokyaku, int *lines, QString *error);
+// The records of the customer database, the header first.
+QList<QStringList> customerRecords(const QSqlDatabase &kokyaku, QString *error);
 
 // "顧客車両_20240105.csv"
 QString customerExportFileName(QDate day);
 
 // Reads temp/KokyakuDB below the application folder and writes the file at `target`.
-CustomerExport exportCustomers(const QString &appFolder, const QString &target, TextEncoding encoding);
+// `encoding`: Utf8 (with a byte-order mark) or ShiftJis.
+CustomerExport exportCustomers(const QString &appFolder, const QString &target, mastertable::CsvEncoding encoding);
 
 } // namespace est::reports

@@ -91,7 +91,7 @@ void FrmExp::exportCustomers()
                                    QDir::home().filePath(customerExportFileName(m_clock.today())));
     if (path.isEmpty())
         return;
-    const TextEncoding encoding = m_shiftJis->isChecked() ? TextEncoding::ShiftJis : TextEncoding::Utf8;
+    const auto encoding = m_shiftJis->isChecked() ? mastertable::CsvEncoding::ShiftJis : mastertable::CsvEncoding::Utf8;
     const CustomerExport result = reports::exportCustomers(m_appFolder, path, encoding);
     if (!result.error.isEmpty()) {
         messages().inform(QStringLiteral("顧客データを出力できませんでした。\n") + result.error, kTitle,

@@ -8,6 +8,7 @@
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
@@ -24,6 +25,7 @@ QDateEdit *dateEdit(const char *name, QDate day, QWidget *parent)
     edit->setCalendarPopup(true);
     edit->setDisplayFormat(QStringLiteral("yyyy/MM/dd"));
     edit->setEnabled(false);
+    edit->setMinimumWidth(130);
     return edit;
 }
 
@@ -41,6 +43,7 @@ LibrarySearchPanel::LibrarySearchPanel(const EstimateLibrary &library, QDate tod
     m_text->setObjectName(QStringLiteral("txtSearch"));
     m_text->setPlaceholderText(QStringLiteral("お客様名・登録番号・車名・伝票番号の一部"));
     m_text->setClearButtonEnabled(true);
+    m_text->setMinimumWidth(300);
     controls->addWidget(m_text, 3);
     m_kind = new QComboBox(this);
     m_kind->setObjectName(QStringLiteral("cboKind"));
@@ -71,6 +74,8 @@ LibrarySearchPanel::LibrarySearchPanel(const EstimateLibrary &library, QDate tod
     m_count->setObjectName(QStringLiteral("lblCount"));
     layout->addWidget(m_count);
 
+    m_text->installEventFilter(this);
+    m_results->installEventFilter(this);
     connect(m_text, &QLineEdit::textChanged, this, &LibrarySearchPanel::search);
     connect(m_kind, &QComboBox::currentIndexChanged, this, &LibrarySearchPanel::search);
     connect(m_period, &QCheckBox::toggled, this, [this](bool on) {
@@ -120,6 +125,30 @@ void LibrarySearchPanel::search()
     m_results->resizeColumnsToContents();
     m_results->setUpdatesEnabled(true);
     m_count->setText(QStringLiteral("%1 件").arg(found.size()));
+}
+
+// Enter in the search box goes on to the results instead of pressing the dialog's OK; the
+// first result becomes current (not chosen), and Enter there opens the current result.
+bool LibrarySearchPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
+    if (watched == m_text) {
+        m_results->setFocus();
+        if (m_results->rowCount() > 0 && !m_results->currentItem())
+            m_results->setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
+        return true;
+    }
+    // Enter on a result opens it, and only it: the dialog's OK does not act as well.
+    if (watched == m_results) {
+        if (m_results->currentRow() >= 0)
+            Q_EMIT activated(fileAt(m_results->currentRow()));
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 QString LibrarySearchPanel::fileAt(int row) const

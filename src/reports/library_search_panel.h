@@ -32,6 +32,9 @@ Q_SIGNALS:
     // The user opened a result (double-click or Enter).
     void activated(const QString &fileName);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QString fileAt(int row) const;
 

@@ -1,6 +1,5 @@
 #include "reports/price_csv.h"
 
-#include "reports/csv_reader.h"
 
 #include <QHash>
 
@@ -47,19 +46,15 @@ std::optional<Yen> parsePrice(const QString &text)
 PriceCsv readPriceCsv(const QByteArray &bytes)
 {
     PriceCsv result;
-    if (bytes.size() > kMaxPriceCsvBytes) {
-        result.fatal = QStringLiteral("ファイルが大きすぎます。");
-        return result;
-    }
-    const DecodedText decoded = decodeText(bytes);
+    const mastertable::DecodedCsv decoded = mastertable::decodeCsv(bytes, mastertable::CsvEncoding::Auto);
     result.encoding = decoded.encoding;
-    if (!decoded.ok) {
-        result.fatal = QStringLiteral("文字コードを判別できません。UTF-8 または Shift_JIS のCSVファイルを選んでください。");
+    if (!decoded.error.isEmpty()) {
+        result.fatal = decoded.error;
         return result;
     }
-    const CsvParse parsed = parseCsv(decoded.text);
-    if (!parsed.ok()) {
-        result.fatal = QStringLiteral("%1 行目: %2").arg(parsed.errorLine).arg(parsed.error);
+    const mastertable::CsvRecords parsed = mastertable::parseCsv(decoded.text);
+    if (!parsed.error.isEmpty()) {
+        result.fatal = parsed.error;
         return result;
     }
 
@@ -67,7 +62,7 @@ PriceCsv readPriceCsv(const QByteArray &bytes)
     int priceColumn = 1;
     qsizetype first = 0;
     if (!parsed.records.isEmpty()) {
-        const QStringList &head = parsed.records.first().fields;
+        const QStringList &head = parsed.records.first();
         const int n = columnNamed(head, kNumberHeaders);
         const int p = columnNamed(head, kPriceHeaders);
         if (n >= 0 && p >= 0) {
@@ -81,33 +76,34 @@ PriceCsv readPriceCsv(const QByteArray &bytes)
 
     QHash<QString, qsizetype> seen;   // key -> index into entries
     for (qsizetype i = first; i < parsed.records.size(); ++i) {
-        const CsvRecord &record = parsed.records.at(i);
-        const QString number = partNumberKey(record.fields.value(numberColumn));
+        const QStringList &fields = parsed.records.at(i);
+        const int line = parsed.lines.at(i);
+        const QString number = partNumberKey(fields.value(numberColumn));
         if (number.isEmpty()) {
-            result.problems.append({record.line, QStringLiteral("品番がありません。")});
+            result.problems.append({line, QStringLiteral("品番がありません。")});
             continue;
         }
-        if (priceColumn >= record.fields.size()) {
-            result.problems.append({record.line, QStringLiteral("価格の項目がありません。")});
+        if (priceColumn >= fields.size()) {
+            result.problems.append({line, QStringLiteral("価格の項目がありません。")});
             continue;
         }
-        const QString priceText = record.fields.at(priceColumn);
+        const QString priceText = fields.at(priceColumn);
         const auto price = parsePrice(priceText);
         if (!price) {
             result.problems.append(
-                {record.line, QStringLiteral("価格「%1」は円単位の金額として読めません。").arg(priceText.trimmed())});
+                {line, QStringLiteral("価格「%1」は円単位の金額として読めません。").arg(priceText.trimmed())});
             continue;
         }
         if (const auto known = seen.constFind(number); known != seen.cend()) {
             const PriceEntry &earlier = result.entries.at(*known);
             if (earlier.price != *price)
-                result.problems.append({record.line, QStringLiteral("品番 %1 は %2 行目にも別の価格で書かれています。")
+                result.problems.append({line, QStringLiteral("品番 %1 は %2 行目にも別の価格で書かれています。")
                                                          .arg(number)
                                                          .arg(earlier.line)});
             continue;
         }
         seen.insert(number, result.entries.size());
-        result.entries.append({record.line, number, *price});
+        result.entries.append({line, number, *price});
     }
     if (result.entries.isEmpty() && result.problems.isEmpty())
         result.fatal = QStringLiteral("価格の行がありません。");

@@ -4,7 +4,7 @@
 // reported with its line number; the list is only applied when there is none.
 
 #include "common/money.h"
-#include "reports/text_codec.h"
+#include "mastertable/csv_file.h"
 
 #include <QByteArray>
 #include <QList>
@@ -29,12 +29,12 @@ struct PriceCsv
 {
     QList<PriceEntry> entries;
     QList<PriceProblem> problems;
-    TextEncoding encoding = TextEncoding::Utf8;
+    mastertable::CsvEncoding encoding = mastertable::CsvEncoding::Utf8;
     QString fatal;            // the file as a whole cannot be read (encoding, size, quoting)
     bool usable() const { return fatal.isEmpty() && problems.isEmpty(); }
 };
 
-inline constexpr qint64 kMaxPriceCsvBytes = 32 * 1024 * 1024;
+inline constexpr qint64 kMaxPriceCsvBytes = mastertable::kCsvMaxBytes;
 
 PriceCsv readPriceCsv(const QByteArray &bytes);
 

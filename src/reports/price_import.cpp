@@ -46,7 +46,7 @@ QString PriceImport::report() const
         return QStringLiteral("このファイルは取り込めません。\n") + m_csv.fatal;
     QStringList lines;
     const QString encoding =
-        m_csv.encoding == TextEncoding::ShiftJis ? QStringLiteral("Shift_JIS") : QStringLiteral("UTF-8");
+        m_csv.encoding == mastertable::CsvEncoding::ShiftJis ? QStringLiteral("Shift_JIS") : QStringLiteral("UTF-8");
     if (!m_csv.problems.isEmpty()) {
         lines << QStringLiteral("このファイルは取り込めません（文字コード %1）。次の行を直してから、もう一度選んでください。")
                      .arg(encoding);

@@ -1,7 +1,5 @@
 #include "reports/text_codec.h"
 
-#include <QStringDecoder>
-
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
 
@@ -10,8 +8,6 @@
 namespace est::reports {
 
 namespace {
-
-const QByteArray kBom = QByteArrayLiteral("\xEF\xBB\xBF");
 
 struct ConverterCloser
 {
@@ -28,59 +24,7 @@ Converter openCp932()
     return c;
 }
 
-std::optional<QString> strictUtf8(const QByteArray &bytes)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString text = decoder.decode(bytes);
-    if (decoder.hasError())
-        return std::nullopt;
-    return text;
-}
-
-std::optional<QString> strictCp932(const QByteArray &bytes)
-{
-    Converter c = openCp932();
-    if (!c)
-        return std::nullopt;
-    UErrorCode status = U_ZERO_ERROR;
-    ucnv_setToUCallBack(c.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
-    std::u16string out(size_t(bytes.size()) * 2 + 16, u'\0');
-    status = U_ZERO_ERROR;
-    const int32_t length = ucnv_toUChars(c.get(), out.data(), int32_t(out.size()), bytes.constData(),
-                                         int32_t(bytes.size()), &status);
-    if (U_FAILURE(status))
-        return std::nullopt;
-    return QString::fromUtf16(out.data(), length);
-}
-
 } // namespace
-
-DecodedText decodeText(const QByteArray &bytes)
-{
-    DecodedText result;
-    if (bytes.startsWith(kBom)) {
-        const auto text = strictUtf8(bytes.mid(kBom.size()));
-        result.ok = text.has_value();
-        result.text = text.value_or(QString());
-        return result;
-    }
-    if (const auto text = strictUtf8(bytes)) {
-        result.text = *text;
-        result.ok = true;
-        return result;
-    }
-    result.encoding = TextEncoding::ShiftJis;
-    if (const auto text = strictCp932(bytes)) {
-        result.text = *text;
-        result.ok = true;
-    }
-    return result;
-}
-
-QByteArray encodeUtf8WithBom(const QString &text)
-{
-    return kBom + text.toUtf8();
-}
 
 QByteArray encodeShiftJis(const QString &text, int *unmappable)
 {

@@ -3,6 +3,7 @@
 #include "db/database.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_mitumori.h"
+#include "sheet/invoice_registration.h"
 #include "uikit/named.h"
 
 #include <QCheckBox>
@@ -28,6 +29,8 @@ struct FrmKaisya::Widgets
               *txtKzNo = nullptr, *txtZeiritu = nullptr, *txtKzName = nullptr;
     QComboBox *cboKoza = nullptr;
     QCheckBox *chkKoza = nullptr;
+    QLineEdit *txtTouroku = nullptr;        // invoice registration number
+    QCheckBox *chkTourokuMitumori = nullptr; // print it on estimates and delivery notes too
     QPushButton *cmdNew = nullptr, *cmdEdit = nullptr, *cmdOK = nullptr, *cmdCancel = nullptr,
                 *cmdDel = nullptr, *cmdFirst = nullptr, *cmdPrev = nullptr, *cmdNext = nullptr,
                 *cmdLast = nullptr;
@@ -50,6 +53,7 @@ FrmKaisya::FrmKaisya(Session &session, Messages &messages, QString appFolder, Fr
         m_messages.inform(opened.error, QStringLiteral("自社情報"), MessageIcon::Critical);
     } else {
         m_store = std::make_unique<CompanyStore>(opened.database);
+        m_registrations = std::make_unique<InvoiceRegistrationStore>(opened.database);
     }
     // Start on the record the company block came from, else on the first.
     bool ok = false;
@@ -101,6 +105,13 @@ void FrmKaisya::buildUi()
     w.txtZeiritu->setMaximumWidth(80);
     w.chkKoza = named(new QCheckBox(QStringLiteral("見積書・請求書に振込口座を印刷する"), w.fra1), "chkKoza");
     form->addRow(QString(), w.chkKoza);
+    w.txtTouroku = named(new QLineEdit(w.fra1), "txtTourokuNo");
+    w.txtTouroku->setPlaceholderText(QStringLiteral("T1234567890123"));
+    w.txtTouroku->setMaximumWidth(200);
+    form->addRow(QStringLiteral("登録番号(インボイス)"), w.txtTouroku);
+    w.chkTourokuMitumori =
+        named(new QCheckBox(QStringLiteral("見積書・納品書にも登録番号を印刷する"), w.fra1), "chkTourokuNo");
+    form->addRow(QString(), w.chkTourokuMitumori);
     layout->addWidget(w.fra1);
 
     auto *navigation = new QHBoxLayout;
@@ -171,6 +182,10 @@ void FrmKaisya::showRecord()
     w.txtZeiritu->setText(r.taxRate);
     w.txtKzName->setText(r.accountHolder);
     w.chkKoza->setChecked(r.printAccount);
+    const InvoiceRegistration registration =
+        m_position >= 0 && m_registrations ? m_registrations->read(r.jNo) : InvoiceRegistration();
+    w.txtTouroku->setText(registration.number);
+    w.chkTourokuMitumori->setChecked(registration.onEstimates);
 }
 
 CompanyRecord FrmKaisya::recordFromControls() const
@@ -251,12 +266,22 @@ void FrmKaisya::confirm()
         m_messages.inform(*problem, QStringLiteral("入力エラー"), MessageIcon::Exclamation);
         return;
     }
+    if (const auto problem = checkRegistrationNumber(m_w->txtTouroku->text())) {
+        m_messages.inform(*problem, QStringLiteral("入力エラー"), MessageIcon::Exclamation);
+        m_w->txtTouroku->setFocus();
+        return;
+    }
     const bool stored = m_mode == Mode::Adding ? m_store->insert(record) : m_store->update(record);
     if (!stored) {
         m_messages.inform(QStringLiteral("自社情報を保存できませんでした。\n") + m_store->lastError(), title,
                           MessageIcon::Critical);
         return;
     }
+    const InvoiceRegistration registration{normalizeRegistrationNumber(m_w->txtTouroku->text()),
+                                           m_w->chkTourokuMitumori->isChecked()};
+    if (m_registrations && !m_registrations->write(record.jNo, registration))
+        m_messages.inform(QStringLiteral("登録番号を保存できませんでした。\n") + m_registrations->lastError(), title,
+                          MessageIcon::Critical);
     // Record, then the block in memory, the sheet and the file, so the file always matches
     // the record confirmed last.
     m_session.company = companyBlock(record);
@@ -291,6 +316,8 @@ void FrmKaisya::deleteRecord()
                           MessageIcon::Critical);
         return;
     }
+    if (m_registrations)
+        m_registrations->remove(m_records.at(keep).jNo);
     reload(-1);
     if (!m_records.isEmpty())
         m_position = std::min(keep, recordCount() - 1);

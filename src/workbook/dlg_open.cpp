@@ -13,6 +13,8 @@
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace est::workbook {
 
 namespace {
@@ -91,7 +93,7 @@ void DlgOpen::addPanel(QWidget *panel)
 {
     panel->setParent(this);
     m_layout->insertWidget(0, panel, 1);
-    resize(width(), height() + panel->sizeHint().height());
+    resize(std::max(width(), panel->sizeHint().width() + 24), height() + panel->sizeHint().height());
 }
 
 bool DlgOpen::selectFile(const QString &relativeName)

@@ -3,7 +3,6 @@
 
 #include "db/database.h"
 #include "reports/backup_archive.h"
-#include "reports/csv_reader.h"
 #include "reports/customer_export.h"
 #include "temp_app_folder.h"
 
@@ -168,13 +167,13 @@ protected:
         target = out.filePath(customerExportFileName(QDate(2024, 1, 5)));
     }
 
-    QList<CsvRecord> readBack(TextEncoding expected)
+    QList<QStringList> readBack(mastertable::CsvEncoding expected)
     {
-        const DecodedText decoded = decodeText(readAll(target));
-        EXPECT_TRUE(decoded.ok);
+        const mastertable::DecodedCsv decoded = mastertable::decodeCsv(readAll(target), mastertable::CsvEncoding::Auto);
+        EXPECT_EQ(decoded.error, QString());
         EXPECT_EQ(decoded.encoding, expected);
-        const CsvParse parsed = parseCsv(decoded.text);
-        EXPECT_TRUE(parsed.ok());
+        const mastertable::CsvRecords parsed = mastertable::parseCsv(decoded.text);
+        EXPECT_EQ(parsed.error, QString());
         return parsed.records;
     }
 
@@ -185,40 +184,40 @@ protected:
 
 TEST_F(CustomerCsv, Utf8WithBomReadsBackFieldForField)
 {
-    const CustomerExport result = exportCustomers(folder.path(), target, TextEncoding::Utf8);
+    const CustomerExport result = exportCustomers(folder.path(), target, mastertable::CsvEncoding::Utf8);
     ASSERT_EQ(result.error, QString());
     EXPECT_EQ(result.lines, 5);
     EXPECT_TRUE(readAll(target).startsWith("\xEF\xBB\xBF"));
-    const QList<CsvRecord> records = readBack(TextEncoding::Utf8);
+    const QList<QStringList> records = readBack(mastertable::CsvEncoding::Utf8);
     ASSERT_EQ(records.size(), 6);
     const QStringList headers = customerExportHeaders();
-    EXPECT_EQ(records[0].fields, headers);
+    EXPECT_EQ(records[0], headers);
     const int name = int(headers.indexOf(QStringLiteral("氏名")));
     const int car = int(headers.indexOf(QStringLiteral("車名")));
     QStringList order;
     for (qsizetype i = 1; i < records.size(); ++i)
-        order << records[i].fields.at(name) + QLatin1Char('/') + records[i].fields.at(car);
+        order << records[i].at(name) + QLatin1Char('/') + records[i].at(car);
     EXPECT_EQ(order, (QStringList{"O'Neil, 商会/プリウス", "O'Neil, 商会/ハイエース", "車のない客/", "山田太郎/フィット",
                                   "/持ち主のない車"}));
-    EXPECT_EQ(records[1].fields.at(int(headers.indexOf(QStringLiteral("メモ")))), QStringLiteral("複数行\nのメモ😀"));
-    EXPECT_EQ(records[1].fields.at(int(headers.indexOf(QStringLiteral("住所1")))), QStringLiteral("東京都\"練馬\"区"));
+    EXPECT_EQ(records[1].at(int(headers.indexOf(QStringLiteral("メモ")))), QStringLiteral("複数行\nのメモ😀"));
+    EXPECT_EQ(records[1].at(int(headers.indexOf(QStringLiteral("住所1")))), QStringLiteral("東京都\"練馬\"区"));
 }
 
 TEST_F(CustomerCsv, ShiftJisCountsWhatItCannotHold)
 {
-    const CustomerExport result = exportCustomers(folder.path(), target, TextEncoding::ShiftJis);
+    const CustomerExport result = exportCustomers(folder.path(), target, mastertable::CsvEncoding::ShiftJis);
     ASSERT_EQ(result.error, QString());
     EXPECT_EQ(result.unmappable, 2);   // the emoji in two lines
-    const QList<CsvRecord> records = readBack(TextEncoding::ShiftJis);
+    const QList<QStringList> records = readBack(mastertable::CsvEncoding::ShiftJis);
     ASSERT_EQ(records.size(), 6);
-    EXPECT_EQ(records[4].fields.at(1), QStringLiteral("山田太郎"));
-    EXPECT_TRUE(records[1].fields.contains(QStringLiteral("複数行\nのメモ?")));
+    EXPECT_EQ(records[4].at(1), QStringLiteral("山田太郎"));
+    EXPECT_TRUE(records[1].contains(QStringLiteral("複数行\nのメモ?")));
 }
 
 TEST_F(CustomerCsv, AnUnwritableTargetIsReported)
 {
     const CustomerExport result =
-        exportCustomers(folder.path(), out.filePath(QStringLiteral("no/such/folder/x.csv")), TextEncoding::Utf8);
+        exportCustomers(folder.path(), out.filePath(QStringLiteral("no/such/folder/x.csv")), mastertable::CsvEncoding::Utf8);
     EXPECT_FALSE(result.error.isEmpty());
 }
 

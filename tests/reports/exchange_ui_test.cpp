@@ -106,9 +106,9 @@ TEST_F(ExchangeScreens, FrmExpExportsBacksUpAndRestores)
     screen.findChild<QRadioButton *>(QStringLiteral("optSjis"))->setChecked(true);
     screen.findChild<QPushButton *>(QStringLiteral("cmdCsv"))->click();
     EXPECT_TRUE(suggestions.last().endsWith(QStringLiteral("顧客車両_20240105.csv")));
-    const DecodedText csv = decodeText(readAll(out.filePath(QStringLiteral("customers.csv"))));
-    EXPECT_TRUE(csv.ok);
-    EXPECT_EQ(csv.encoding, TextEncoding::ShiftJis);
+    const mastertable::DecodedCsv csv =
+        mastertable::decodeCsv(readAll(out.filePath(QStringLiteral("customers.csv"))), mastertable::CsvEncoding::Auto);
+    EXPECT_EQ(csv.encoding, mastertable::CsvEncoding::ShiftJis);
     EXPECT_TRUE(csv.text.startsWith(QStringLiteral("顧客番号,氏名")));
 
     // A backup, a change, a restore.

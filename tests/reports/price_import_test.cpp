@@ -2,7 +2,7 @@
 // catalogue update (preview counts, one transaction, nothing applied from a bad file).
 
 #include "db/database.h"
-#include "reports/csv_reader.h"
+#include "reports/text_codec.h"
 #include "reports/price_import.h"
 #include "temp_app_folder.h"
 
@@ -34,30 +34,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, PriceTexts,
                                            PriceCase{u"-5", std::nullopt}, PriceCase{u"12.5", std::nullopt},
                                            PriceCase{u"abc", std::nullopt}, PriceCase{u"", std::nullopt}));
 
-TEST(Csv, QuotedFieldsKeepCommasQuotesAndLineBreaksAndLinesAreCounted)
-{
-    const CsvParse p = parseCsv(QStringLiteral("a,\"b,c\"\r\n\r\n\"multi\nline\",\"say \"\"hi\"\"\"\nlast,"));
-    ASSERT_TRUE(p.ok());
-    ASSERT_EQ(p.records.size(), 3);
-    EXPECT_EQ(p.records[0].fields, (QStringList{"a", "b,c"}));
-    EXPECT_EQ(p.records[1].line, 3);
-    EXPECT_EQ(p.records[1].fields, (QStringList{"multi\nline", "say \"hi\""}));
-    EXPECT_EQ(p.records[2].line, 5);
-    EXPECT_EQ(p.records[2].fields, (QStringList{"last", ""}));
-    EXPECT_EQ(csvLine({QStringLiteral("O'Neil, 商会"), QStringLiteral("a\"b")}),
-              QStringLiteral("\"O'Neil, 商会\",\"a\"\"b\""));
-
-    const CsvParse open = parseCsv(QStringLiteral("x,1\ny,\"2\nz,3"));
-    EXPECT_FALSE(open.ok());
-    EXPECT_EQ(open.errorLine, 2);
-}
-
 TEST(PriceCsv, Utf8WithBomAndHeaderNamingTheColumns)
 {
     const PriceCsv csv =
-        readPriceCsv(encodeUtf8WithBom(QStringLiteral("部品名,品番,価格\nバンパー,５２１１９－Ａ,\"12,000\"\nグリル,53111-b,8800\n")));
+        readPriceCsv("\xEF\xBB\xBF" + QStringLiteral("部品名,品番,価格\nバンパー,５２１１９－Ａ,\"12,000\"\nグリル,53111-b,8800\n").toUtf8());
     ASSERT_TRUE(csv.usable()) << csv.fatal.toStdString();
-    EXPECT_EQ(csv.encoding, TextEncoding::Utf8);
+    EXPECT_EQ(csv.encoding, mastertable::CsvEncoding::Utf8);
     ASSERT_EQ(csv.entries.size(), 2);
     EXPECT_EQ(csv.entries[0].partNumber, QStringLiteral("52119-A"));
     EXPECT_EQ(csv.entries[0].price, 12000);
@@ -72,15 +54,14 @@ TEST(PriceCsv, ShiftJisIsDetected)
     EXPECT_EQ(unmappable, 0);
     const PriceCsv csv = readPriceCsv(bytes);
     ASSERT_TRUE(csv.usable());
-    EXPECT_EQ(csv.encoding, TextEncoding::ShiftJis);
+    EXPECT_EQ(csv.encoding, mastertable::CsvEncoding::ShiftJis);
     EXPECT_EQ(csv.entries.size(), 2);
-    const DecodedText decoded = decodeText(bytes);
-    ASSERT_TRUE(decoded.ok);
+    const mastertable::DecodedCsv decoded = mastertable::decodeCsv(bytes, mastertable::CsvEncoding::Auto);
     EXPECT_TRUE(decoded.text.contains(QStringLiteral("ﾊﾞﾝﾊﾟｰ用")));
     // A header in Shift_JIS names the columns just as well.
     const PriceCsv sjis = readPriceCsv(encodeShiftJis(QStringLiteral("価格,品番\r\n500,X-1\r\n")));
     ASSERT_TRUE(sjis.usable());
-    EXPECT_EQ(sjis.encoding, TextEncoding::ShiftJis);
+    EXPECT_EQ(sjis.encoding, mastertable::CsvEncoding::ShiftJis);
     EXPECT_EQ(sjis.entries.first().partNumber, QStringLiteral("X-1"));
     EXPECT_EQ(sjis.entries.first().price, 500);
 }

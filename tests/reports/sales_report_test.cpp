@@ -1,7 +1,9 @@
 // The yearly sales report: periods, which documents count, and the workbook's sums checked
 // against totals worked out independently from the documents' own figures.
 
+#include "common/number_format.h"
 #include "library_fixture.h"
+#include "mastertable/csv_file.h"
 #include "reports/library_refresh.h"
 #include "reports/sales_job.h"
 #include "reports/sales_workbook.h"
@@ -12,6 +14,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -232,4 +236,36 @@ print(json.dumps({'count': len(rows), 'total': sum(r[10] for r in rows),
     EXPECT_EQ(qint64(read.value(QStringLiteral("year")).toDouble()), year.total);
 }
 
+TEST_F(SalesWorkbook, LibreOfficeShowsTheYearsTotal)
+{
+    const QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    if (soffice.isEmpty())
+        GTEST_SKIP() << "LibreOffice is not installed";
+    document(1, 3, QDate(2024, 4, 1), 250000, 80000, 10, 17650);
+    document(2, 5, QDate(2025, 2, 28), 43210, 0, 0, 0);
+    const QString mitsumori = test::mitsumori(folder);
+    applyChanges(library, mitsumori, findChanges(library, mitsumori));
+    const SalesJobResult result = makeSalesWorkbook(library, folder.path(), {2024, 4});
+    ASSERT_EQ(result.error, QString());
+    QTemporaryDir profile, outDir;
+    QProcess p;
+    // The first sheet as UTF-8 CSV, with the numbers as shown.
+    p.start(soffice, {QStringLiteral("-env:UserInstallation=file://") + profile.path(), QStringLiteral("--headless"),
+                      QStringLiteral("--convert-to"), QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76"),
+                      QStringLiteral("--outdir"), outDir.path(), result.path});
+    ASSERT_TRUE(p.waitForFinished(240000));
+    QFile csv(QDir(outDir.path()).filePath(QStringLiteral("2024年度売上表.csv")));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly)) << p.readAllStandardError().toStdString();
+    const mastertable::CsvRecords rows =
+        mastertable::parseCsv(mastertable::decodeCsv(csv.readAll(), mastertable::CsvEncoding::Auto).text);
+    ASSERT_EQ(rows.error, QString());
+    const auto total = std::find_if(rows.records.begin(), rows.records.end(),
+                                    [](const QStringList &r) { return r.value(0) == QStringLiteral("年度合計"); });
+    ASSERT_NE(total, rows.records.end());
+    EXPECT_EQ(total->value(2), QStringLiteral("2 件"));
+    EXPECT_EQ(total->value(10), formatThousands(year.total));
+    EXPECT_EQ(rows.records.value(0).value(0), QStringLiteral("2024年度売上表"));
+}
+
 } // namespace
+

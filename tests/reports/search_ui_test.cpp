@@ -113,6 +113,30 @@ TEST(EstimateSearch, ChoosingAResultSelectsItsFileSoThatOkOpensIt)
     EXPECT_EQ(p.session.fileName, QStringLiteral("2024/240105佐藤.xlsx"));
 }
 
+TEST(EstimateSearch, EnterGoesFromTheSearchToTheResultsAndOpensOne)
+{
+    test::Program p;
+    test::EstimateSpec spec;
+    spec.customer = QStringLiteral("高橋次郎");
+    test::saveWorkbook(p.folder, QStringLiteral("240105高橋.xlsx"), test::estimateOf(spec));
+    test::saveWorkbook(p.folder, QStringLiteral("240104other.xlsx"), test::estimateOf({}));
+    p.start();
+    app::AppContext &c = p.context();
+    int messagesAfterFirstEnter = -1;
+    p.dialogs.on(QStringLiteral("dlgOpen"), [&](QWidget *d) {
+        auto *search = d->findChild<QLineEdit *>(QStringLiteral("txtSearch"));
+        search->setText(QStringLiteral("高橋"));
+        QTest::keyClick(search, Qt::Key_Return);
+        messagesAfterFirstEnter = int(p.messages.shown.size());   // OK did not act: no "ファイルがありません"
+        EXPECT_TRUE(d->isVisible());
+        QTest::keyClick(d->findChild<QTableWidget *>(QStringLiteral("grdResults")), Qt::Key_Return);
+    });
+    c.start->button("cmdHen")->click();
+    EXPECT_EQ(messagesAfterFirstEnter, 0);
+    ASSERT_TRUE(c.sheet->isVisible());
+    EXPECT_EQ(p.sheetChild<QLineEdit>("txtName")->text(), QStringLiteral("高橋次郎"));
+}
+
 TEST(EstimateSearch, ManyNewWorkbooksAreReadBehindAProgressBar)
 {
     test::TempAppFolder folder;

@@ -189,7 +189,7 @@ int main(int argc, char **argv)
     c.settings->hide();
     saveSimpleEstimate(messages, appFolder.path(), folder);
     c.start->show();
-    for (const char *name : {"cmdSin", "cmdHen"})
+    for (const char *name : {"cmdSin", "cmdHen", "cmdXls"})
         openAndSave(c.start->button(name), folder);
     return 0;
 }

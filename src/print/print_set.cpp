@@ -1,0 +1,85 @@
+#include "print/print_set.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+namespace est::print {
+
+PrintSet::PrintSet(const PrintDocument &doc, const PrintOptions &options) : m_doc(doc), m_options(options)
+{
+    m_sheets.push_back(options.layout == Layout::B ? makeMainSheetB(doc) : makeMainSheetA(doc));
+    if (options.paintSheet)
+        m_sheets.push_back(makePaintSheet(doc, options.layout == Layout::B));
+    if (options.subSheet)
+        m_sheets.push_back(makeSubSheet(doc));
+}
+
+PrintSet::~PrintSet() = default;
+
+int PrintSet::pagesPerCopy() const
+{
+    int pages = 0;
+    for (const auto &sheet : m_sheets)
+        pages += sheet->pageCount();
+    return pages;
+}
+
+int PrintSet::pageCount() const
+{
+    return pagesPerCopy() * (m_options.shopCopy ? 2 : 1);
+}
+
+bool PrintSet::render(QPagedPaintDevice &device) const
+{
+    device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    Canvas canvas(painter);
+    const int total = pagesPerCopy();
+    bool first = true;
+    for (int copy = 0; copy < (m_options.shopCopy ? 2 : 1); ++copy) {
+        int number = 1;
+        for (const auto &sheet : m_sheets) {
+            for (int page = 0; page < sheet->pageCount(); ++page) {
+                if (!first)
+                    device.newPage();
+                first = false;
+                sheet->drawPage(canvas, page, PageInfo{number++, total, copy == 1});
+            }
+        }
+    }
+    return painter.end();
+}
+
+QString writePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return QStringLiteral("PDFファイル %1 を作成できません。\n%2").arg(name, file.errorString());
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(600);
+        writer.setTitle(doc.title + QStringLiteral(" ") + doc.slipNumber);
+        writer.setCreator(QStringLiteral("見積書作成"));
+        PrintSet set(doc, options);
+        if (!set.render(writer)) {
+            file.cancelWriting();
+            return QStringLiteral("PDFファイル %1 を作成できません。").arg(name);
+        }
+    }
+    if (file.error() != QFileDevice::NoError || !file.commit())
+        return QStringLiteral("PDFファイル %1 を書き込めませんでした（ディスクの空きや書き込み権限を確認してください）。\n%2")
+            .arg(name, file.errorString());
+    return QString();
+}
+
+} // namespace est::print

@@ -1,0 +1,33 @@
+#include "print/saved_estimate.h"
+
+#include "workbook/estimate_files.h"
+#include "workbook/estimate_layout.h"
+
+#include <QFileInfo>
+
+namespace est::print {
+
+std::optional<SavedEstimate> loadSavedEstimate(const QString &path, QString *error)
+{
+    try {
+        auto book = workbook::Workbook::open(path);
+        SavedEstimate saved;
+        workbook::readEstimate(*book, saved.session);
+        workbook::Worksheet *d = book->sheet(QStringLiteral("D"));
+        saved.title = workbook::cellText(d->value(1, 2));
+        saved.honorific = workbook::cellText(d->value(1, 3));
+        saved.session.workbookPath = path;
+        saved.session.fileName = QFileInfo(path).fileName();
+        return saved;
+    } catch (const workbook::WorkbookError &e) {
+        if (error)
+            *error = QFileInfo(path).fileName() + QStringLiteral(" を読めません。\n") + workbook::describeError(e);
+        return std::nullopt;
+    } catch (const std::exception &e) {
+        if (error)
+            *error = QFileInfo(path).fileName() + QStringLiteral(" を読めません。\n") + QString::fromUtf8(e.what());
+        return std::nullopt;
+    }
+}
+
+} // namespace est::print

@@ -1,0 +1,41 @@
+#include "print/shop_info.h"
+
+#include "db/app_folder.h"
+#include "db/database.h"
+#include "sheet/company_block.h"
+
+#include <QFileInfo>
+
+namespace est::print {
+
+QString ShopInfo::item(int index) const
+{
+    return index >= 0 && index < block.size() ? block.at(index) : QString();
+}
+
+bool ShopInfo::printAccount() const
+{
+    const QString flag = item(sheet::CompanyPrintAccount).trimmed();
+    return flag == QLatin1String("1") || flag.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0
+        || flag == QLatin1String("-1");
+}
+
+ShopInfo readShopInfo(const QString &appFolder)
+{
+    ShopInfo shop;
+    const sheet::CompanyFileRead file = sheet::readCompanyBlock(sheet::companyFilePath(appFolder));
+    if (file.exists && file.error.isEmpty())
+        shop.block = file.block;
+    // Only an existing company database is read: printing never creates one.
+    const QString dbPath = db::resolve(appFolder, QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
+    bool recordOk = false;
+    const int jNo = shop.item(sheet::CompanyRecordNo).toInt(&recordOk);
+    if (recordOk && QFileInfo::exists(dbPath)) {
+        db::OpenResult opened = db::openExistingDatabase(dbPath);
+        if (opened.ok())
+            shop.registration = sheet::InvoiceRegistrationStore(opened.database).read(jNo);
+    }
+    return shop;
+}
+
+} // namespace est::print

@@ -1,0 +1,99 @@
+#include "sheet/invoice_registration.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+namespace est::sheet {
+
+namespace {
+const QString kCreate = QStringLiteral(
+    "CREATE TABLE IF NOT EXISTS \"Jisya_Touroku\" (\"JNo\" INTEGER PRIMARY KEY, \"TourokuNo\" TEXT, "
+    "\"MitumoriPrint\" INTEGER NOT NULL DEFAULT 0)");
+}
+
+bool isRegistrationNumber(const QString &text)
+{
+    if (text.size() != 14 || text.at(0) != QLatin1Char('T'))
+        return false;
+    for (int i = 1; i < 14; ++i)
+        if (text.at(i) < QLatin1Char('0') || text.at(i) > QLatin1Char('9'))
+            return false;
+    return true;
+}
+
+QString normalizeRegistrationNumber(const QString &text)
+{
+    QString out;
+    for (QChar c : text) {
+        if (c.isSpace())
+            continue;
+        if (c.unicode() >= 0xFF01 && c.unicode() <= 0xFF5E)   // full-width ASCII
+            c = QChar(c.unicode() - 0xFEE0);
+        if (c == QLatin1Char('t'))
+            c = QLatin1Char('T');
+        out += c;
+    }
+    return out;
+}
+
+std::optional<QString> checkRegistrationNumber(const QString &text)
+{
+    const QString number = normalizeRegistrationNumber(text);
+    if (number.isEmpty() || isRegistrationNumber(number))
+        return std::nullopt;
+    return QStringLiteral("登録番号は「T」と13桁の数字で入力してください。\n（例：T1234567890123）");
+}
+
+InvoiceRegistrationStore::InvoiceRegistrationStore(QSqlDatabase database) : m_db(std::move(database))
+{
+    QSqlQuery q(m_db);
+    if (!q.exec(kCreate))
+        m_error = q.lastError().text();
+}
+
+InvoiceRegistration InvoiceRegistrationStore::read(int jNo) const
+{
+    InvoiceRegistration r;
+    QSqlQuery q(m_db);
+    q.prepare(QStringLiteral("SELECT \"TourokuNo\", \"MitumoriPrint\" FROM \"Jisya_Touroku\" WHERE \"JNo\" = ?"));
+    q.addBindValue(jNo);
+    if (!q.exec()) {
+        m_error = q.lastError().text();
+        return r;
+    }
+    if (q.next()) {
+        r.number = q.value(0).toString();
+        r.onEstimates = q.value(1).toInt() != 0;
+    }
+    return r;
+}
+
+bool InvoiceRegistrationStore::write(int jNo, const InvoiceRegistration &registration)
+{
+    QSqlQuery q(m_db);
+    q.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Touroku\" (\"JNo\", \"TourokuNo\", \"MitumoriPrint\") "
+                             "VALUES (?, ?, ?)"));
+    q.addBindValue(jNo);
+    q.addBindValue(registration.number);
+    q.addBindValue(registration.onEstimates ? 1 : 0);
+    if (!q.exec()) {
+        m_error = q.lastError().text();
+        return false;
+    }
+    return true;
+}
+
+bool InvoiceRegistrationStore::remove(int jNo)
+{
+    QSqlQuery q(m_db);
+    q.prepare(QStringLiteral("DELETE FROM \"Jisya_Touroku\" WHERE \"JNo\" = ?"));
+    q.addBindValue(jNo);
+    if (!q.exec()) {
+        m_error = q.lastError().text();
+        return false;
+    }
+    return true;
+}
+
+} // namespace est::sheet

@@ -1,0 +1,42 @@
+#pragma once
+// The shop's invoice registration number (登録番号, "T" and thirteen digits), printed on
+// invoices. It lives in a table of its own beside the company records, keyed by record
+// number, so the company table and the fourteen-line company file keep their shape.
+
+#include <QSqlDatabase>
+#include <QString>
+#include <optional>
+
+namespace est::sheet {
+
+struct InvoiceRegistration
+{
+    QString number;            // empty when the shop has none
+    bool onEstimates = false;  // print the number on estimates and delivery notes too
+    bool operator==(const InvoiceRegistration &) const = default;
+};
+
+// "T" followed by thirteen digits (half-width). An empty text means no number.
+bool isRegistrationNumber(const QString &text);
+// The number as typed, tidied: blanks removed, full-width letters and digits made
+// half-width, a lower-case "t" raised.
+QString normalizeRegistrationNumber(const QString &text);
+// Why a typed number is refused, or nothing when it can be stored (empty is allowed).
+std::optional<QString> checkRegistrationNumber(const QString &text);
+
+class InvoiceRegistrationStore
+{
+public:
+    // Creates the table when the database file has none yet.
+    explicit InvoiceRegistrationStore(QSqlDatabase database);
+    InvoiceRegistration read(int jNo) const;
+    bool write(int jNo, const InvoiceRegistration &registration);
+    bool remove(int jNo);
+    QString lastError() const { return m_error; }
+
+private:
+    QSqlDatabase m_db;
+    mutable QString m_error;
+};
+
+} // namespace est::sheet
