@@ -14,6 +14,15 @@ constexpr qint64 kWholeLimit = 2147483647;
 // Index tables hold a few points per panel; anything near this is a typing mistake.
 constexpr qint64 kIndexLimitHundredths = 9999999;
 
+// "007" -> "7", "000" -> "0".
+QString withoutLeadingZeros(const QString &digits)
+{
+    qsizetype i = 0;
+    while (i + 1 < digits.size() && digits.at(i) == QLatin1Char('0'))
+        ++i;
+    return digits.mid(i);
+}
+
 CellCheck refuse(const QString &reason) { return {QString(), reason}; }
 
 CellCheck checkWhole(const QString &typed)
@@ -22,7 +31,7 @@ CellCheck checkWhole(const QString &typed)
     const QString s = asciiNumberText(typed);
     if (!digits.match(s).hasMatch())
         return refuse(QStringLiteral("0以上の整数を入力してください。"));
-    const QString trimmed = s.size() > 1 ? QString(s).remove(QRegularExpression(QStringLiteral("^0+(?=.)"))) : s;
+    const QString trimmed = withoutLeadingZeros(s);
     if (trimmed.size() > 10 || trimmed.toLongLong() > kWholeLimit)
         return refuse(QStringLiteral("大きすぎます（%1まで）。").arg(kWholeLimit));
     return {trimmed, {}};
@@ -38,7 +47,7 @@ CellCheck checkIndex(const QString &typed)
         return refuse(QStringLiteral("0以上の数値を小数2桁までで入力してください。"));
     const QString units = whole.isEmpty() ? QStringLiteral("0") : whole;
     const QString cents = fraction.leftJustified(2, QLatin1Char('0'));
-    const QString digits = QString(units + cents).remove(QRegularExpression(QStringLiteral("^0+(?=.)")));
+    const QString digits = withoutLeadingZeros(units + cents);
     if (digits.size() > 9 || digits.toLongLong() > kIndexLimitHundredths)
         return refuse(QStringLiteral("大きすぎます（%1まで）。").arg(QStringLiteral("99999.99")));
     const qint64 hundredths = digits.toLongLong();

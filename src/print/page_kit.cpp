@@ -93,10 +93,15 @@ QList<PageSlice> paginate(int rows, int first, int other, int tail)
         pages.append({begin, begin + take, false});
         begin += take;
         if (begin >= rows) {
-            if (capacity - take >= tail)
+            if (capacity - take >= tail) {
                 pages.last().tail = true;
-            else
-                pages.append({rows, rows, true});
+            } else {
+                // The totals never stand alone: a few of the last rows go with them.
+                PageSlice &last = pages.last();
+                const int carried = std::clamp(std::min(other - tail, last.end - last.begin - 1), 0, 5);
+                last.end -= carried;
+                pages.append({rows - carried, rows, true});
+            }
             return pages;
         }
         capacity = other;
@@ -189,6 +194,7 @@ double drawShopBlock(Canvas &c, double x, double y, double w, const PrintDocumen
     };
     line(s.item(sheet::CompanyComment), c.font(small - 0.5), lh);
     line(s.item(sheet::CompanyName), c.font(compact ? 11 : 13, true), compact ? 5.5 : 6.5);
+    line(s.extras.representative, c.font(small + 0.5), lh + 0.3);
     line(s.item(sheet::CompanyAddress), c.font(small), lh);
     QStringList phone;
     if (!s.item(sheet::CompanyTel).trimmed().isEmpty())
@@ -197,7 +203,7 @@ double drawShopBlock(Canvas &c, double x, double y, double w, const PrintDocumen
         phone << QStringLiteral("FAX ") + s.item(sheet::CompanyFax);
     line(phone.join(QStringLiteral("　")), c.font(small), lh);
     if (doc.printRegistration)
-        line(QStringLiteral("登録番号　") + s.registration.number, c.font(small, true), lh);
+        line(QStringLiteral("登録番号　") + s.extras.registrationNumber, c.font(small, true), lh);
     if (s.printAccount() && !s.item(sheet::CompanyBank).trimmed().isEmpty()) {
         QString bank = QStringLiteral("振込先　") + s.item(sheet::CompanyBank) + QStringLiteral("　")
                        + s.item(sheet::CompanyBankBranch);

@@ -196,8 +196,8 @@ PrintDocument buildPrintDocument(const Session &saved, const QString &honorific,
     doc.amountDue = figure(f.amountDue);
 
     doc.shop = shop;
-    doc.printRegistration = !shop.registration.number.isEmpty()
-                            && (doc.invoice || shop.registration.onEstimates);
+    doc.printRegistration = !shop.extras.registrationNumber.isEmpty()
+                            && (doc.invoice || shop.extras.numberOnEstimates);
 
     doc.workRows = printedRows(saved.rows);
     doc.paintRows = printedRows(saved.paint.rows);

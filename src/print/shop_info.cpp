@@ -33,7 +33,7 @@ ShopInfo readShopInfo(const QString &appFolder)
     if (recordOk && QFileInfo::exists(dbPath)) {
         db::OpenResult opened = db::openExistingDatabase(dbPath);
         if (opened.ok())
-            shop.registration = sheet::InvoiceRegistrationStore(opened.database).read(jNo);
+            shop.extras = sheet::CompanyExtrasStore(opened.database).read(jNo);
     }
     return shop;
 }

@@ -3,7 +3,7 @@
 #include "db/database.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_mitumori.h"
-#include "sheet/invoice_registration.h"
+#include "sheet/company_extras.h"
 #include "uikit/named.h"
 
 #include <QCheckBox>
@@ -29,7 +29,8 @@ struct FrmKaisya::Widgets
               *txtKzNo = nullptr, *txtZeiritu = nullptr, *txtKzName = nullptr;
     QComboBox *cboKoza = nullptr;
     QCheckBox *chkKoza = nullptr;
-    QLineEdit *txtTouroku = nullptr;        // invoice registration number
+    QLineEdit *txtDaihyo = nullptr;          // representative
+    QLineEdit *txtTouroku = nullptr;         // invoice registration number
     QCheckBox *chkTourokuMitumori = nullptr; // print it on estimates and delivery notes too
     QPushButton *cmdNew = nullptr, *cmdEdit = nullptr, *cmdOK = nullptr, *cmdCancel = nullptr,
                 *cmdDel = nullptr, *cmdFirst = nullptr, *cmdPrev = nullptr, *cmdNext = nullptr,
@@ -53,7 +54,7 @@ FrmKaisya::FrmKaisya(Session &session, Messages &messages, QString appFolder, Fr
         m_messages.inform(opened.error, QStringLiteral("自社情報"), MessageIcon::Critical);
     } else {
         m_store = std::make_unique<CompanyStore>(opened.database);
-        m_registrations = std::make_unique<InvoiceRegistrationStore>(opened.database);
+        m_extras = std::make_unique<CompanyExtrasStore>(opened.database);
     }
     // Start on the record the company block came from, else on the first.
     bool ok = false;
@@ -105,8 +106,10 @@ void FrmKaisya::buildUi()
     w.txtZeiritu->setMaximumWidth(80);
     w.chkKoza = named(new QCheckBox(QStringLiteral("見積書・請求書に振込口座を印刷する"), w.fra1), "chkKoza");
     form->addRow(QString(), w.chkKoza);
+    w.txtDaihyo = named(new QLineEdit(w.fra1), "txtDaihyo");
+    form->addRow(QStringLiteral("代表者"), w.txtDaihyo);
     w.txtTouroku = named(new QLineEdit(w.fra1), "txtTourokuNo");
-    w.txtTouroku->setPlaceholderText(QStringLiteral("T1234567890123"));
+    w.txtTouroku->setPlaceholderText(QStringLiteral("T＋13桁の数字"));
     w.txtTouroku->setMaximumWidth(200);
     form->addRow(QStringLiteral("登録番号(インボイス)"), w.txtTouroku);
     w.chkTourokuMitumori =
@@ -182,10 +185,10 @@ void FrmKaisya::showRecord()
     w.txtZeiritu->setText(r.taxRate);
     w.txtKzName->setText(r.accountHolder);
     w.chkKoza->setChecked(r.printAccount);
-    const InvoiceRegistration registration =
-        m_position >= 0 && m_registrations ? m_registrations->read(r.jNo) : InvoiceRegistration();
-    w.txtTouroku->setText(registration.number);
-    w.chkTourokuMitumori->setChecked(registration.onEstimates);
+    const CompanyExtras extras = m_position >= 0 && m_extras ? m_extras->read(r.jNo) : CompanyExtras();
+    w.txtDaihyo->setText(extras.representative);
+    w.txtTouroku->setText(extras.registrationNumber);
+    w.chkTourokuMitumori->setChecked(extras.numberOnEstimates);
 }
 
 CompanyRecord FrmKaisya::recordFromControls() const
@@ -277,10 +280,10 @@ void FrmKaisya::confirm()
                           MessageIcon::Critical);
         return;
     }
-    const InvoiceRegistration registration{normalizeRegistrationNumber(m_w->txtTouroku->text()),
-                                           m_w->chkTourokuMitumori->isChecked()};
-    if (m_registrations && !m_registrations->write(record.jNo, registration))
-        m_messages.inform(QStringLiteral("登録番号を保存できませんでした。\n") + m_registrations->lastError(), title,
+    const CompanyExtras extras{normalizeRegistrationNumber(m_w->txtTouroku->text()),
+                               m_w->chkTourokuMitumori->isChecked(), m_w->txtDaihyo->text().trimmed()};
+    if (m_extras && !m_extras->write(record.jNo, extras))
+        m_messages.inform(QStringLiteral("代表者・登録番号を保存できませんでした。\n") + m_extras->lastError(), title,
                           MessageIcon::Critical);
     // Record, then the block in memory, the sheet and the file, so the file always matches
     // the record confirmed last.
@@ -316,8 +319,8 @@ void FrmKaisya::deleteRecord()
                           MessageIcon::Critical);
         return;
     }
-    if (m_registrations)
-        m_registrations->remove(m_records.at(keep).jNo);
+    if (m_extras)
+        m_extras->remove(m_records.at(keep).jNo);
     reload(-1);
     if (!m_records.isEmpty())
         m_position = std::min(keep, recordCount() - 1);

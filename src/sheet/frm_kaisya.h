@@ -20,7 +20,7 @@ class QPushButton;
 namespace est::sheet {
 
 class FrmMitumori;
-class InvoiceRegistrationStore;
+class CompanyExtrasStore;
 
 class FrmKaisya : public QWidget
 {
@@ -57,7 +57,7 @@ private:
     QString m_appFolder;
     FrmMitumori *m_sheet;
     std::unique_ptr<CompanyStore> m_store;
-    std::unique_ptr<InvoiceRegistrationStore> m_registrations;
+    std::unique_ptr<CompanyExtrasStore> m_extras;
     QList<CompanyRecord> m_records;
     int m_position = -1;
     Mode m_mode = Mode::Browsing;

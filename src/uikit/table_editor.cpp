@@ -46,6 +46,13 @@ public:
         return editor;
     }
 
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override
+    {
+        if (editor == m_open)
+            m_open.clear();
+        QStyledItemDelegate::destroyEditor(editor, index);
+    }
+
     void setEditorData(QWidget *editor, const QModelIndex &index) const override
     {
         auto *line = qobject_cast<QLineEdit *>(editor);
@@ -119,14 +126,19 @@ void TableEditor::buildUi()
     m_view->setSelectionBehavior(QAbstractItemView::SelectItems);
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                             | QAbstractItemView::AnyKeyPressed);
-    m_view->horizontalHeader()->setMinimumSectionSize(70);
+    m_view->horizontalHeader()->setMinimumSectionSize(56);
     m_view->resizeColumnsToContents();
-    m_view->horizontalHeader()->setStretchLastSection(true);
+    // Room to type a longer text than the widest one stored.
+    for (int c = 0; c < spec().columns.size(); ++c)
+        if (spec().columns.at(c).kind == mastertable::ColumnKind::Text)
+            m_view->setColumnWidth(c, std::max(m_view->columnWidth(c), 120));
     layout->addWidget(m_view, 1);
 
     auto *buttons = new QHBoxLayout;
     const auto button = [&](const char *name, const char *caption, void (TableEditor::*slot)()) {
         auto *b = named(new QPushButton(QString::fromUtf8(caption), this), name);
+        // Enter in the grid must never press a button of the window.
+        b->setAutoDefault(false);
         connect(b, &QPushButton::clicked, this, slot);
         buttons->addWidget(b);
         return b;
@@ -136,6 +148,7 @@ void TableEditor::buildUi()
     buttons->addSpacing(16);
     button("cmdUndo", "元に戻す", &TableEditor::undo);
     auto *saveButton = named(new QPushButton(QStringLiteral("保存"), this), "cmdSave");
+    saveButton->setAutoDefault(false);
     connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
     buttons->addWidget(saveButton);
     buttons->addStretch(1);
@@ -323,7 +336,7 @@ TableEditorWindow::TableEditorWindow(const QString &objectName, const QString &t
     connect(exit, &QPushButton::clicked, this, &QWidget::close);
     bottom->addWidget(exit);
     m_layout->addLayout(bottom);
-    resize(900, 600);
+    resize(1000, 620);
 }
 
 TableEditor *TableEditorWindow::addTable(const mastertable::TableSpec &spec, QSqlDatabase database)

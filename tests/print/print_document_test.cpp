@@ -1,6 +1,7 @@
 // The printed model of a saved estimate: figures worked out by hand, the invoice
 // statements, the registration number, the rows that are printed.
 
+#include "print/page_kit.h"
 #include "print/print_document.h"
 #include "print_samples.h"
 
@@ -103,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(All, DocumentKinds,
 TEST(PrintDocument, WithoutANumberNothingIsPrintedEvenOnInvoices)
 {
     print::ShopInfo shop = test::sampleShop(true);
-    shop.registration.number.clear();
+    shop.extras.registrationNumber.clear();
     EXPECT_FALSE(buildPrintDocument(test::handEstimate(3), QStringLiteral("御中"), shop).printRegistration);
 }
 
@@ -120,6 +121,54 @@ TEST(PrintDocument, BlankRowsAreNotPrintedAndVehicleFieldsAreCaptioned)
     EXPECT_EQ(doc.vehicle.at(6).value, QStringLiteral("45,210 km"));
     EXPECT_EQ(doc.vehicle.at(2).value, QStringLiteral("ZVW30-1234567"));
 }
+
+} // namespace
+} // namespace est::print
+
+namespace est::print {
+namespace {
+
+struct PaginationCase
+{
+    int rows, first, other, tail;
+    QList<PageSlice> expected;
+};
+
+bool operator==(const PageSlice &a, const PageSlice &b)
+{
+    return a.begin == b.begin && a.end == b.end && a.tail == b.tail;
+}
+
+class Pagination : public ::testing::TestWithParam<PaginationCase> {};
+
+TEST_P(Pagination, RowsAreNeverCutAndTotalsNeverStandAlone)
+{
+    const PaginationCase c = GetParam();
+    const QList<PageSlice> pages = paginate(c.rows, c.first, c.other, c.tail);
+    ASSERT_EQ(pages.size(), c.expected.size());
+    for (int i = 0; i < pages.size(); ++i)
+        EXPECT_TRUE(pages.at(i) == c.expected.at(i))
+            << i << ": " << pages.at(i).begin << "-" << pages.at(i).end << " " << pages.at(i).tail;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, Pagination,
+    ::testing::Values(
+        // Everything on one page.
+        PaginationCase{3, 29, 41, 11, {{0, 3, true}}},
+        // No rows at all: the totals on the first page.
+        PaginationCase{0, 29, 41, 11, {{0, 0, true}}},
+        // 29 rows fill the first page; the totals take the last five rows along.
+        PaginationCase{29, 29, 41, 11, {{0, 24, false}, {24, 29, true}}},
+        // 394 rows: 29 + 8 x 41 = 357, 37 on page 10 leave 4 free for 11 rows of totals.
+        PaginationCase{394, 29, 41, 11,
+                       {{0, 29, false}, {29, 70, false}, {70, 111, false}, {111, 152, false},
+                        {152, 193, false}, {193, 234, false}, {234, 275, false}, {275, 316, false},
+                        {316, 357, false}, {357, 389, false}, {389, 394, true}}},
+        // 30 rows: page 2 holds the 30th with room for the totals.
+        PaginationCase{30, 29, 41, 11, {{0, 29, false}, {29, 30, true}}},
+        // A page never gives away its only row, so the totals go on alone.
+        PaginationCase{1, 1, 41, 5, {{0, 1, false}, {1, 1, true}}}));
 
 } // namespace
 } // namespace est::print

@@ -82,7 +82,7 @@ TEST_P(PrintedKinds, PdfShowsTitleCustomerAmountsAndTotals)
     const QString text = test::squeezed(test::pdfText(pdf));
     for (const char *expected : {"株式会社さくら運輸", "御中", "山田太郎", "様", "プリウス", "ZVW30-1234567",
                                  "みどり台300さ12-34", "令和6年1月5日", "000000123", "有限会社みどり台オートボディ",
-                                 "TEL000-111-2222", "みどり台信用金庫", "下記の通り", "ご査収のほど",
+                                 "TEL000-111-2222", "代表取締役緑川健一", "みどり台信用金庫", "下記の通り", "ご査収のほど",
                                  "フロントバンパー", "52119-47908", "8,400", "32,500", "45,356",
                                  // totals worked out by hand (see the model test)
                                  "202,356", "-10,118", "192,238", "19,224", "211,462", "17,000", "228,462",

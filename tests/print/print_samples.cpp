@@ -150,7 +150,7 @@ print::ShopInfo sampleShop(bool numberOnEstimates)
                   QStringLiteral("10"),
                   QStringLiteral("ﾕ) ﾐﾄﾞﾘﾀﾞｲｵｰﾄﾎﾞﾃﾞｲ"),
                   QStringLiteral("1")};
-    shop.registration = {QStringLiteral("T1234567890123"), numberOnEstimates};
+    shop.extras = {QStringLiteral("T1234567890123"), numberOnEstimates, QStringLiteral("代表取締役　緑川 健一")};
     return shop;
 }
 
@@ -172,7 +172,7 @@ void installShop(const QString &appFolder, const print::ShopInfo &shop)
     QDir(appFolder).mkpath(QStringLiteral("temp"));
     sheet::writeCompanyBlock(sheet::companyFilePath(appFolder), shop.block);
     db::OpenResult opened = db::openDatabase(appFolder, QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
-    sheet::InvoiceRegistrationStore(opened.database).write(shop.block.at(0).toInt(), shop.registration);
+    sheet::CompanyExtrasStore(opened.database).write(shop.block.at(0).toInt(), shop.extras);
 }
 
 QString pdfText(const QString &pdf, int page)

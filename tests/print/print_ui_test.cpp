@@ -10,7 +10,7 @@
 #include "program_fixture.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_kaisya.h"
-#include "sheet/invoice_registration.h"
+#include "sheet/company_extras.h"
 #include "db/database.h"
 #include "workbook/workbook.h"
 
@@ -281,14 +281,16 @@ TEST(FrmKaisyaRegistration, AValidNumberIsStoredAndABadOneRefused)
     ASSERT_NE(number, nullptr);
     auto stored = [&] {
         db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
-        return sheet::InvoiceRegistrationStore(opened.database).read(1);
+        return sheet::CompanyExtrasStore(opened.database).read(1);
     };
 
     form.findChild<QPushButton *>(QStringLiteral("cmdEdit"))->click();
     number->setText(QStringLiteral("ｔ１２３４５６７８９０１２３"));
+    form.findChild<QLineEdit *>(QStringLiteral("txtDaihyo"))->setText(QStringLiteral("代表取締役 緑川 健一"));
     form.findChild<QCheckBox *>(QStringLiteral("chkTourokuNo"))->setChecked(true);
     form.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    EXPECT_EQ(stored(), (sheet::InvoiceRegistration{QStringLiteral("T1234567890123"), true}));
+    EXPECT_EQ(stored(),
+              (sheet::CompanyExtras{QStringLiteral("T1234567890123"), true, QStringLiteral("代表取締役 緑川 健一")}));
     EXPECT_EQ(number->text(), QStringLiteral("T1234567890123"));
     // The company file keeps its fourteen lines.
     QFile kdata(sheet::companyFilePath(folder.path()));
@@ -301,7 +303,7 @@ TEST(FrmKaisyaRegistration, AValidNumberIsStoredAndABadOneRefused)
     form.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
     EXPECT_TRUE(messages.lastText().startsWith(QStringLiteral("登録番号は「T」と13桁の数字で入力してください。")));
     EXPECT_EQ(form.mode(), sheet::FrmKaisya::Mode::Editing);
-    EXPECT_EQ(stored().number, QStringLiteral("T1234567890123"));
+    EXPECT_EQ(stored().registrationNumber, QStringLiteral("T1234567890123"));
     form.findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
     EXPECT_EQ(number->text(), QStringLiteral("T1234567890123"));
 }

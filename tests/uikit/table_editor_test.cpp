@@ -1,4 +1,5 @@
 #include "mastertable/table_edit_model.h"
+#include "grid_typing.h"
 #include "scratch_database.h"
 #include "scripted_messages.h"
 #include "uikit/table_editor.h"
@@ -32,25 +33,10 @@ struct TableEditorTest : ::testing::Test
     {
         return editor->findChild<QPushButton *>(QLatin1String(name));
     }
-    QLineEdit *openEditor(ui::TableEditor *editor)
-    {
-        return editor->view()->viewport()->findChild<QLineEdit *>();
-    }
-    // Types into a cell through the grid's own editor and leaves it with Enter.
+    QLineEdit *openEditor(ui::TableEditor *editor) { return test::openCellEditor(editor->view()); }
     void typeInto(ui::TableEditor *editor, int row, int column, const QString &text)
     {
-        QTableView *view = editor->view();
-        const QModelIndex cell = view->model()->index(row, column);
-        view->setCurrentIndex(cell);
-        view->edit(cell);
-        QLineEdit *line = openEditor(editor);
-        ASSERT_NE(line, nullptr);
-        line->selectAll();
-        line->insert(text);  // as an input method commits Japanese text
-        QTest::keyClick(line, Qt::Key_Return);
-        // A refusal is reported once the view has closed the editor, a turn of the loop later.
-        for (int i = 0; i < 3; ++i)
-            QApplication::processEvents();
+        ASSERT_TRUE(test::typeIntoCell(editor->view(), row, column, text));
     }
 };
 

@@ -1,4 +1,4 @@
-#include "sheet/invoice_registration.h"
+#include "sheet/company_extras.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -8,8 +8,8 @@ namespace est::sheet {
 
 namespace {
 const QString kCreate = QStringLiteral(
-    "CREATE TABLE IF NOT EXISTS \"Jisya_Touroku\" (\"JNo\" INTEGER PRIMARY KEY, \"TourokuNo\" TEXT, "
-    "\"MitumoriPrint\" INTEGER NOT NULL DEFAULT 0)");
+    "CREATE TABLE IF NOT EXISTS \"Jisya_Tuika\" (\"JNo\" INTEGER PRIMARY KEY, \"TourokuNo\" TEXT, "
+    "\"MitumoriPrint\" INTEGER NOT NULL DEFAULT 0, \"Daihyousya\" TEXT)");
 }
 
 bool isRegistrationNumber(const QString &text)
@@ -45,38 +45,40 @@ std::optional<QString> checkRegistrationNumber(const QString &text)
     return QStringLiteral("登録番号は「T」と13桁の数字で入力してください。\n（例：T1234567890123）");
 }
 
-InvoiceRegistrationStore::InvoiceRegistrationStore(QSqlDatabase database) : m_db(std::move(database))
+CompanyExtrasStore::CompanyExtrasStore(QSqlDatabase database) : m_db(std::move(database))
 {
     QSqlQuery q(m_db);
     if (!q.exec(kCreate))
         m_error = q.lastError().text();
 }
 
-InvoiceRegistration InvoiceRegistrationStore::read(int jNo) const
+CompanyExtras CompanyExtrasStore::read(int jNo) const
 {
-    InvoiceRegistration r;
+    CompanyExtras r;
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("SELECT \"TourokuNo\", \"MitumoriPrint\" FROM \"Jisya_Touroku\" WHERE \"JNo\" = ?"));
+    q.prepare(QStringLiteral("SELECT \"TourokuNo\", \"MitumoriPrint\", \"Daihyousya\" FROM \"Jisya_Tuika\" WHERE \"JNo\" = ?"));
     q.addBindValue(jNo);
     if (!q.exec()) {
         m_error = q.lastError().text();
         return r;
     }
     if (q.next()) {
-        r.number = q.value(0).toString();
-        r.onEstimates = q.value(1).toInt() != 0;
+        r.registrationNumber = q.value(0).toString();
+        r.numberOnEstimates = q.value(1).toInt() != 0;
+        r.representative = q.value(2).toString();
     }
     return r;
 }
 
-bool InvoiceRegistrationStore::write(int jNo, const InvoiceRegistration &registration)
+bool CompanyExtrasStore::write(int jNo, const CompanyExtras &extras)
 {
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Touroku\" (\"JNo\", \"TourokuNo\", \"MitumoriPrint\") "
-                             "VALUES (?, ?, ?)"));
+    q.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Tuika\" (\"JNo\", \"TourokuNo\", \"MitumoriPrint\", "
+                             "\"Daihyousya\") VALUES (?, ?, ?, ?)"));
     q.addBindValue(jNo);
-    q.addBindValue(registration.number);
-    q.addBindValue(registration.onEstimates ? 1 : 0);
+    q.addBindValue(extras.registrationNumber);
+    q.addBindValue(extras.numberOnEstimates ? 1 : 0);
+    q.addBindValue(extras.representative);
     if (!q.exec()) {
         m_error = q.lastError().text();
         return false;
@@ -84,10 +86,10 @@ bool InvoiceRegistrationStore::write(int jNo, const InvoiceRegistration &registr
     return true;
 }
 
-bool InvoiceRegistrationStore::remove(int jNo)
+bool CompanyExtrasStore::remove(int jNo)
 {
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("DELETE FROM \"Jisya_Touroku\" WHERE \"JNo\" = ?"));
+    q.prepare(QStringLiteral("DELETE FROM \"Jisya_Tuika\" WHERE \"JNo\" = ?"));
     q.addBindValue(jNo);
     if (!q.exec()) {
         m_error = q.lastError().text();

@@ -1,6 +1,7 @@
 #pragma once
-// The shop's invoice registration number (登録番号, "T" and thirteen digits), printed on
-// invoices. It lives in a table of its own beside the company records, keyed by record
+// What the printed documents need of the shop beyond the fourteen company items: the
+// invoice registration number (登録番号, "T" and thirteen digits) and the representative's
+// name. They live in a table of their own beside the company records, keyed by record
 // number, so the company table and the fourteen-line company file keep their shape.
 
 #include <QSqlDatabase>
@@ -9,11 +10,12 @@
 
 namespace est::sheet {
 
-struct InvoiceRegistration
+struct CompanyExtras
 {
-    QString number;            // empty when the shop has none
-    bool onEstimates = false;  // print the number on estimates and delivery notes too
-    bool operator==(const InvoiceRegistration &) const = default;
+    QString registrationNumber;      // empty when the shop has none
+    bool numberOnEstimates = false;  // print the number on estimates and delivery notes too
+    QString representative;          // 代表者, printed under the company name
+    bool operator==(const CompanyExtras &) const = default;
 };
 
 // "T" followed by thirteen digits (half-width). An empty text means no number.
@@ -24,13 +26,13 @@ QString normalizeRegistrationNumber(const QString &text);
 // Why a typed number is refused, or nothing when it can be stored (empty is allowed).
 std::optional<QString> checkRegistrationNumber(const QString &text);
 
-class InvoiceRegistrationStore
+class CompanyExtrasStore
 {
 public:
     // Creates the table when the database file has none yet.
-    explicit InvoiceRegistrationStore(QSqlDatabase database);
-    InvoiceRegistration read(int jNo) const;
-    bool write(int jNo, const InvoiceRegistration &registration);
+    explicit CompanyExtrasStore(QSqlDatabase database);
+    CompanyExtras read(int jNo) const;
+    bool write(int jNo, const CompanyExtras &extras);
     bool remove(int jNo);
     QString lastError() const { return m_error; }
 

@@ -1,7 +1,8 @@
-// The invoice registration number: what is accepted, and its table beside the company records.
+// The invoice registration number (what is accepted) and the table of the company extras
+// beside the company records.
 
 #include "db/database.h"
-#include "sheet/invoice_registration.h"
+#include "sheet/company_extras.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -44,7 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"T12345678901a3", false, ""},
                       NumberCase{"T-234567890123", false, ""}));
 
-TEST(InvoiceRegistrationStore, KeepsTheNumberBesideTheCompanyTableWithoutChangingIt)
+TEST(CompanyExtrasStore, KeepsTheNumberBesideTheCompanyTableWithoutChangingIt)
 {
     test::TempAppFolder folder;
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
@@ -53,16 +54,16 @@ TEST(InvoiceRegistrationStore, KeepsTheNumberBesideTheCompanyTableWithoutChangin
     ASSERT_TRUE(columns.exec(QStringLiteral("SELECT * FROM \"Jisya_Jyouhou\"")));
     const int before = columns.record().count();
 
-    InvoiceRegistrationStore store(opened.database);
-    EXPECT_EQ(store.read(1), InvoiceRegistration{});
-    ASSERT_TRUE(store.write(1, {QStringLiteral("T1234567890123"), true}));
-    ASSERT_TRUE(store.write(2, {QStringLiteral("T9999999999999"), false}));
-    ASSERT_TRUE(store.write(1, {QStringLiteral("T1111111111111"), false}));
-    EXPECT_EQ(InvoiceRegistrationStore(opened.database).read(1),
-              (InvoiceRegistration{QStringLiteral("T1111111111111"), false}));
-    EXPECT_EQ(store.read(2).number, QStringLiteral("T9999999999999"));
+    CompanyExtrasStore store(opened.database);
+    EXPECT_EQ(store.read(1), CompanyExtras{});
+    ASSERT_TRUE(store.write(1, {QStringLiteral("T1234567890123"), true, QStringLiteral("代表 O'Brien")}));
+    ASSERT_TRUE(store.write(2, {QStringLiteral("T9999999999999"), false, QString()}));
+    ASSERT_TRUE(store.write(1, {QStringLiteral("T1111111111111"), false, QStringLiteral("代表 O'Brien")}));
+    EXPECT_EQ(CompanyExtrasStore(opened.database).read(1),
+              (CompanyExtras{QStringLiteral("T1111111111111"), false, QStringLiteral("代表 O'Brien")}));
+    EXPECT_EQ(store.read(2).registrationNumber, QStringLiteral("T9999999999999"));
     ASSERT_TRUE(store.remove(2));
-    EXPECT_EQ(store.read(2), InvoiceRegistration{});
+    EXPECT_EQ(store.read(2), CompanyExtras{});
 
     ASSERT_TRUE(columns.exec(QStringLiteral("SELECT * FROM \"Jisya_Jyouhou\"")));
     EXPECT_EQ(columns.record().count(), before);
