@@ -86,7 +86,7 @@ void DlgOpen::showFolder(const QString &path)
 {
     m_shown = path;
     m_files->clear();
-    m_files->addItems(QDir(path).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name));
+    m_files->addItems(estimateFileNames(path));
 }
 
 void DlgOpen::addPanel(QWidget *panel)

@@ -1,6 +1,7 @@
 #include "workbook/estimate_files.h"
 
 #include "db/app_folder.h"
+#include "workbook/atomic_file.h"
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
 
@@ -34,6 +35,19 @@ struct WaitGuard
 QString estimateFileName(QDate today, const QString &text)
 {
     return today.toString(QStringLiteral("yyMMdd")) + text + QStringLiteral(".xlsx");
+}
+
+bool isEstimateFileName(const QString &fileName)
+{
+    return fileName.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive) && !fileName.startsWith(QLatin1Char('.')) &&
+           !isSaveTemporaryName(fileName);
+}
+
+QStringList estimateFileNames(const QString &folder)
+{
+    QStringList names = QDir(folder).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name);
+    names.removeIf([](const QString &name) { return !isEstimateFileName(name); });
+    return names;
 }
 
 QString estimatesFolder(const QString &appFolder)

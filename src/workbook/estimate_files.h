@@ -8,6 +8,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace est::workbook {
@@ -17,6 +18,11 @@ QString estimateFileName(QDate today, const QString &text);
 // The folder of saved estimates and the template, below the application folder.
 QString estimatesFolder(const QString &appFolder);
 QString templatePath(const QString &appFolder);
+// Whether a file in the estimates folder is a saved estimate: a visible ".xlsx" file that is
+// not a save's temporary file.
+bool isEstimateFileName(const QString &fileName);
+// The estimate files of a folder (not of its subfolders), by name.
+QStringList estimateFileNames(const QString &folder);
 // The file name the open dialog refuses: the template's own.
 inline const QString kTemplateFileName = QStringLiteral("NewFile.xlsx");
 

@@ -331,7 +331,8 @@ void readNonTaxable(const CellReader &d, Session &s)
     d.read(8, N, items.sum);
     for (int j = 0; j <= upper; ++j) {
         items.names.append(d.text(kFirstNonTaxable + j, M));
-        items.amounts.append(parseDisplayedYen(d.text(kFirstNonTaxable + j, N)).value_or(0));
+        const auto amount = numberInText(d.text(kFirstNonTaxable + j, N));
+        items.amounts.append(amount ? roundToYen(*amount).value_or(0) : 0);
     }
     items.count = std::int16_t(upper + 1);
     s.figures.nonTaxable = formatThousands(items.sum);
@@ -373,9 +374,9 @@ void readPaintSheet(const CellReader &p, Session &s)
 
 std::optional<double> numberOf(const QString &text)
 {
-    if (isBlank(text))
+    if (text.size() > kMaxNumberText || isBlank(text))
         return std::nullopt;
-    return parseDisplayedNumber(text);
+    return numberInText(text);
 }
 
 } // namespace

@@ -6,8 +6,9 @@
 // pictures) is kept: untouched parts are copied without being recompressed. A saved
 // workbook asks spreadsheet programs to recalculate on load, so formula sheets that read
 // the written cells show fresh values. Saving is atomic (a temporary file beside the target,
-// then a rename). Reading is bounded: file size, part sizes and cell addresses are checked
-// before anything is inflated or allocated, and the XML parser expands no entities.
+// then a rename). Reading is bounded: the zip structure, file size, part sizes, the total of
+// inflated and parsed parts and cell addresses are checked before anything is inflated or
+// allocated, each part is parsed at most once, and the XML parser expands no entities.
 //
 // Errors are reported by throwing WorkbookError.
 
@@ -28,7 +29,7 @@ enum class ErrorKind {
     FileUnreadable, // the file could not be read
     NotAWorkbook,   // not a zip package, or no workbook inside
     TooLarge,       // the file or one of its parts exceeds the limits
-    Damaged,        // a part is missing or is not well-formed XML, or a cell address is invalid
+    Damaged,        // a broken or cut-off zip, a part missing, not well-formed XML, an invalid address
     WriteFailed,    // the target could not be written
     NotAnEstimate,  // the sheets of an estimate are missing, or a count in them is out of range
 };
@@ -64,11 +65,22 @@ std::optional<std::int32_t> cellInt32(const CellValue &value);
 std::optional<bool> cellBool(const CellValue &value);
 std::optional<double> cellNumber(const CellValue &value);
 
+// A number in a cell's text ("1,234", "１．５", " 12 "), read as the screens read typed
+// numbers. A text longer than any number is not one: the work per cell stays bounded
+// whatever the cell holds (one long shared string may fill thousands of cells).
+std::optional<double> numberInText(const QString &text);
+inline constexpr qsizetype kMaxNumberText = 64;
+
+// What one workbook may cost. A workbook beyond them is refused (TooLarge) before the part
+// that would exceed them is inflated or parsed.
 struct Limits
 {
-    qint64 maxFileBytes = 32 * 1024 * 1024;  // the whole package
-    qint64 maxPartBytes = 8 * 1024 * 1024;   // one inflated XML part that is parsed
-    int maxEntries = 2000;                    // parts in the package
+    qint64 maxFileBytes = 32 * 1024 * 1024;      // the whole package
+    qint64 maxPartBytes = 8 * 1024 * 1024;       // one inflated part
+    qint64 maxInflatedBytes = 48 * 1024 * 1024;  // all parts inflated, together
+    qint64 maxParsedBytes = 64 * 1024 * 1024;    // memory of all parsed parts together (estimated
+                                                 // from their text before parsing)
+    int maxEntries = 2000;                        // parts in the package
 };
 
 // Where a save may be made to fail in tests; the hook returns true to fail at that step.

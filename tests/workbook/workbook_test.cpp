@@ -326,7 +326,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         BadPackage{"Empty", [] { return QByteArray(); }, ErrorKind::NotAWorkbook},
         BadPackage{"Text", [] { return QByteArray("見積書ではありません"); }, ErrorKind::NotAWorkbook},
-        BadPackage{"Truncated", [] { return templateBytes().left(templateBytes().size() / 2); }, ErrorKind::NotAWorkbook},
+        BadPackage{"Truncated", [] { return templateBytes().left(templateBytes().size() / 2); }, ErrorKind::Damaged},
         BadPackage{"ZipWithoutWorkbook",
                    [] { return test::zipParts({{QStringLiteral("readme.txt"), "hello"}}); }, ErrorKind::NotAWorkbook},
         BadPackage{"ZipBomb",
