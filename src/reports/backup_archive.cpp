@@ -31,9 +31,11 @@ struct ZipCloser
 };
 using Zip = std::unique_ptr<zip_t, ZipCloser>;
 
+// Transient files, and the estimate library, which is only an index of Mitsumori and is
+// built again after a restore.
 bool transient(const QString &name)
 {
-    return name.endsWith(QStringLiteral("-journal")) || name.endsWith(QStringLiteral("-wal")) ||
+    return name == QStringLiteral("temp/Library.sqlite") || name.endsWith(QStringLiteral("-journal")) || name.endsWith(QStringLiteral("-wal")) ||
            name.endsWith(QStringLiteral("-shm")) || name.endsWith(QStringLiteral(".new"));
 }
 

@@ -15,7 +15,8 @@ namespace est::reports {
 QString backupFileName(QDate day);
 
 // The files a backup holds, relative to the application folder ("temp/KokyakuDB.sqlite"),
-// sorted. Transient files (SQLite journals, half-written ".new" files) are left out.
+// sorted. Transient files (SQLite journals, half-written ".new" files) and the estimate
+// library's index are left out.
 QStringList backupFiles(const QString &appFolder);
 
 struct BackupResult

@@ -100,7 +100,9 @@ void DlgUriage::showPeriod()
 void DlgUriage::make()
 {
     const SalesPeriod chosen = period();
-    refreshWithProgress(m_library, workbook::estimatesFolder(m_appFolder), this);
+    // A report from a half-read library would be wrong: a cancelled update makes none.
+    if (refreshWithProgress(m_library, workbook::estimatesFolder(m_appFolder), this).cancelled)
+        return;
     const QString target = chosen.fileName();
     if (QFileInfo::exists(salesWorkbookPath(m_appFolder, chosen)) &&
         messages().askYesNo(QStringLiteral("ファイル名　") + target +
@@ -115,11 +117,18 @@ void DlgUriage::make()
         return;
     }
     const SalesSums &year = result.report.year;
-    messages().inform(QStringLiteral("ファイル名　%1を作成しました。\n請求書・納品書 %2 件　合計 %3 円")
-                          .arg(target)
-                          .arg(year.count)
-                          .arg(formatThousands(year.total)),
-                      kTitle, MessageIcon::Information);
+    QString text = QStringLiteral("ファイル名　%1を作成しました。\n請求書・納品書 %2 件　合計 %3 円")
+                       .arg(target)
+                       .arg(year.count)
+                       .arg(formatThousands(year.total));
+    // A workbook that cannot be read may be a sale: the user is told what the report lacks.
+    const QStringList unreadable = m_library.unreadable();
+    if (!unreadable.isEmpty())
+        text += QStringLiteral("\n\n読み取れないファイルが %1 件あり、売上表に含まれていません。\n")
+                    .arg(unreadable.size()) +
+                unreadable.mid(0, 5).join(QStringLiteral("\n")) +
+                (unreadable.size() > 5 ? QStringLiteral("\nほか") : QString());
+    messages().inform(text, kTitle, unreadable.isEmpty() ? MessageIcon::Information : MessageIcon::Exclamation);
     accept();
 }
 

@@ -176,6 +176,17 @@ QList<EstimateSummary> EstimateLibrary::search(const LibraryQuery &query) const
     return result;
 }
 
+QStringList EstimateLibrary::unreadable() const
+{
+    QStringList names;
+    QSqlQuery q(m_db);
+    q.setForwardOnly(true);
+    if (q.exec(QStringLiteral("SELECT FileName FROM Estimates WHERE Readable = 0 ORDER BY FileName")))
+        while (q.next())
+            names.append(q.value(0).toString());
+    return names;
+}
+
 QList<EstimateSummary> EstimateLibrary::sales(QDate from, QDate to) const
 {
     QList<EstimateSummary> result;

@@ -51,6 +51,8 @@ public:
     // Newest first (by date, then file name). Unreadable workbooks match by their file name,
     // and stay in the results whatever kind is asked for.
     QList<EstimateSummary> search(const LibraryQuery &query) const;
+    // The workbooks that could not be read, by file name.
+    QStringList unreadable() const;
     // Readable invoices and delivery notes dated from..to (inclusive), oldest first.
     QList<EstimateSummary> sales(QDate from, QDate to) const;
 

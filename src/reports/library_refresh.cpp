@@ -31,8 +31,10 @@ QHash<QString, FileStamp> workbooksIn(const QString &folder)
     while (it.hasNext()) {
         it.next();
         const QFileInfo info = it.fileInfo();
-        // The template's name is refused by the open dialog; sales reports are not estimates.
-        if (info.fileName() == workbook::kTemplateFileName || info.fileName().endsWith(kSalesReportSuffix))
+        // What the open dialog lists, without the template's name, which it refuses, and the
+        // sales reports, which are not estimates.
+        if (!workbook::isEstimateFileName(info.fileName()) || info.fileName() == workbook::kTemplateFileName ||
+            info.fileName().endsWith(kSalesReportSuffix))
             continue;
         found.insert(root.relativeFilePath(info.filePath()),
                      {info.lastModified().toMSecsSinceEpoch(), info.size()});

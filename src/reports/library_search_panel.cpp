@@ -18,6 +18,9 @@ namespace est::reports {
 
 namespace {
 
+// More results than this ask for a narrower search; the list stays quick to fill.
+constexpr int kShownResults = 300;
+
 QDateEdit *dateEdit(const char *name, QDate day, QWidget *parent)
 {
     auto *edit = new QDateEdit(day, parent);
@@ -94,6 +97,7 @@ LibrarySearchPanel::LibrarySearchPanel(const EstimateLibrary &library, QDate tod
 LibraryQuery LibrarySearchPanel::query() const
 {
     LibraryQuery q;
+    q.limit = kShownResults + 1;
     q.text = m_text->text();
     q.kind = m_kind->currentIndex() - 1;
     if (m_period->isChecked()) {
@@ -105,7 +109,10 @@ LibraryQuery LibrarySearchPanel::query() const
 
 void LibrarySearchPanel::search()
 {
-    const QList<EstimateSummary> found = m_library.search(query());
+    QList<EstimateSummary> found = m_library.search(query());
+    const bool more = found.size() > kShownResults;
+    if (more)
+        found.resize(kShownResults);
     m_results->setUpdatesEnabled(false);
     m_results->clearContents();
     m_results->setRowCount(int(found.size()));
@@ -124,7 +131,8 @@ void LibrarySearchPanel::search()
     }
     m_results->resizeColumnsToContents();
     m_results->setUpdatesEnabled(true);
-    m_count->setText(QStringLiteral("%1 件").arg(found.size()));
+    m_count->setText(more ? QStringLiteral("%1 件以上あります。条件を絞ってください。").arg(kShownResults)
+                          : QStringLiteral("%1 件").arg(found.size()));
 }
 
 // Enter in the search box goes on to the results instead of pressing the dialog's OK; the

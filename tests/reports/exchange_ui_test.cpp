@@ -75,6 +75,46 @@ TEST(DlgUriage, TheSalesButtonWritesTheFiscalYearsReport)
     p.sheetChild<QPushButton>("cmdUriage")->click();
     EXPECT_EQ(p.messages.shown.last().kind, test::ShownMessage::Kind::YesNo);
     EXPECT_EQ(readAll(p.folder.file(QStringLiteral("Mitsumori/2024年度売上表.xlsx"))), before);
+
+    // A workbook that cannot be read is named in the notice: it may be a sale the report lacks.
+    QFile broken(p.folder.file(QStringLiteral("Mitsumori/壊れた請求書.xlsx")));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("not a workbook");
+    broken.close();
+    test::whenModal(QStringLiteral("dlgUriage"), [&](QDialog *d) {
+        d->findChild<QSpinBox *>(QStringLiteral("txtNen"))->setValue(2023);
+        d->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+    });
+    p.sheetChild<QPushButton>("cmdUriage")->click();
+    EXPECT_TRUE(p.messages.lastText().endsWith(
+        QStringLiteral("読み取れないファイルが 1 件あり、売上表に含まれていません。\n壊れた請求書.xlsx")))
+        << p.messages.lastText().toStdString();
+}
+
+TEST(FrmExp, OpensFromTheSettingsHubWithThePriceImport)
+{
+    test::Program p;
+    p.start();
+    app::AppContext &c = p.context();
+    c.settings->show();
+    QPushButton *exp = c.settings->button(QStringLiteral("cmdExp"));
+    ASSERT_TRUE(exp->isEnabled());
+    bool priceImport = false;
+    QString makers;
+    test::whenModal(QStringLiteral("frmExp"), [&](QDialog *d) {
+        priceImport = d->findChild<QPushButton *>(QStringLiteral("cmdPrice"))->isEnabled();
+        test::whenModal(QStringLiteral("dlgPriceImport"), [&](QDialog *prices) {
+            auto *maker = prices->findChild<QComboBox *>(QStringLiteral("cboMeka"));
+            for (int i = 0; i < maker->count(); ++i)
+                makers += maker->itemText(i);
+            prices->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
+        });
+        d->findChild<QPushButton *>(QStringLiteral("cmdPrice"))->click();
+        d->findChild<QPushButton *>(QStringLiteral("cmdExit"))->click();
+    });
+    exp->click();
+    EXPECT_TRUE(priceImport);
+    EXPECT_EQ(makers, QStringLiteral("トヨタ日産ホンダ"));   // the sample register
 }
 
 class ExchangeScreens : public ::testing::Test

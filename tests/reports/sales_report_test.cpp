@@ -103,6 +103,14 @@ protected:
         }
     }
 
+    // Brings the library up to date and writes the report of the period.
+    SalesJobResult report(SalesPeriod period)
+    {
+        const QString mitsumori = test::mitsumori(folder);
+        applyChanges(library, mitsumori, findChanges(library, mitsumori));
+        return makeSalesWorkbook(library, folder.path(), period);
+    }
+
     static void expectRow(workbook::Worksheet &sheet, int row, int firstColumn, const Expected &e)
     {
         const qint64 values[] = {e.a, e.b, e.discount, e.tax, e.nonTaxable, e.total};
@@ -131,9 +139,7 @@ TEST_F(SalesWorkbook, SumsEqualTheDocumentsTotalsToTheYen)
     broken.write("garbage");
     broken.close();
     const QString mitsumori = test::mitsumori(folder);
-    applyChanges(library, mitsumori, findChanges(library, mitsumori));
-
-    const SalesJobResult result = makeSalesWorkbook(library, folder.path(), {2024, 4});
+    const SalesJobResult result = report({2024, 4});
     ASSERT_EQ(result.error, QString());
     EXPECT_EQ(result.path, QDir(mitsumori).filePath(QStringLiteral("2024年度売上表.xlsx")));
     EXPECT_TRUE(QFileInfo::exists(profitsTemplatePath(folder.path())));
@@ -178,9 +184,7 @@ TEST_F(SalesWorkbook, EstimatesAndOtherYearsAreLeftOut)
     document(1, 2, QDate(2024, 5, 1), 50000, 0, 0, 0);    // an estimate
     document(2, 4, QDate(2024, 3, 31), 70000, 0, 0, 0);   // the previous fiscal year
     document(3, 5, QDate(2025, 3, 31), 10000, 5000, 0, 0);
-    const QString mitsumori = test::mitsumori(folder);
-    applyChanges(library, mitsumori, findChanges(library, mitsumori));
-    const SalesJobResult result = makeSalesWorkbook(library, folder.path(), {2024, 4});
+    const SalesJobResult result = report({2024, 4});
     ASSERT_EQ(result.error, QString());
     ASSERT_EQ(result.report.documents.size(), 1);
     EXPECT_EQ(result.report.documents.first().fileName, QStringLiteral("doc3.xlsx"));
@@ -214,9 +218,7 @@ TEST_F(SalesWorkbook, OpenpyxlReadsTheSameSums)
         GTEST_SKIP() << "python3-openpyxl is not installed";
     document(1, 4, QDate(2024, 6, 1), 123456, 65432, 5, 17650);
     document(2, 6, QDate(2024, 7, 2), 99999, 1, 0, 0);
-    const QString mitsumori = test::mitsumori(folder);
-    applyChanges(library, mitsumori, findChanges(library, mitsumori));
-    const SalesJobResult result = makeSalesWorkbook(library, folder.path(), {2024, 4});
+    const SalesJobResult result = report({2024, 4});
     ASSERT_EQ(result.error, QString());
     QProcess p;
     p.start(python, {QStringLiteral("-c"), QStringLiteral(R"(
@@ -243,9 +245,7 @@ TEST_F(SalesWorkbook, LibreOfficeShowsTheYearsTotal)
         GTEST_SKIP() << "LibreOffice is not installed";
     document(1, 3, QDate(2024, 4, 1), 250000, 80000, 10, 17650);
     document(2, 5, QDate(2025, 2, 28), 43210, 0, 0, 0);
-    const QString mitsumori = test::mitsumori(folder);
-    applyChanges(library, mitsumori, findChanges(library, mitsumori));
-    const SalesJobResult result = makeSalesWorkbook(library, folder.path(), {2024, 4});
+    const SalesJobResult result = report({2024, 4});
     ASSERT_EQ(result.error, QString());
     QTemporaryDir profile, outDir;
     QProcess p;

@@ -29,6 +29,14 @@ void clickRow(QTableWidget *grid, int row, bool twice = false)
         QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, rect.center());
 }
 
+// The sheet shows the estimate of that customer, read from that workbook.
+void expectOpened(test::Program &p, const QString &customer, const QString &fileName)
+{
+    ASSERT_TRUE(p.context().sheet->isVisible());
+    EXPECT_EQ(p.sheetChild<QLineEdit>("txtName")->text(), customer);
+    EXPECT_EQ(p.session.fileName, fileName);
+}
+
 QStringList resultFiles(QTableWidget *grid)
 {
     QStringList names;
@@ -74,9 +82,7 @@ TEST(EstimateSearch, ASavedEstimateIsFoundByItsCustomerAndOpenedFromTheResults)
     c.start->button("cmdHen")->click();
     EXPECT_EQ(listed, (QStringList{QStringLiteral("240105TEST.xlsx"), QStringLiteral("231201鈴木.xlsx")}));
     EXPECT_EQ(narrowed, QStringList{QStringLiteral("240105TEST.xlsx")});
-    ASSERT_TRUE(c.sheet->isVisible());
-    EXPECT_EQ(p.sheetChild<QLineEdit>("txtName")->text(), QStringLiteral("山田 太郎"));
-    EXPECT_EQ(p.session.fileName, QStringLiteral("240105TEST.xlsx"));
+    expectOpened(p, QStringLiteral("山田 太郎"), QStringLiteral("240105TEST.xlsx"));
 }
 
 TEST(EstimateSearch, ChoosingAResultSelectsItsFileSoThatOkOpensIt)
@@ -108,9 +114,7 @@ TEST(EstimateSearch, ChoosingAResultSelectsItsFileSoThatOkOpensIt)
     });
     c.start->button("cmdHen")->click();
     EXPECT_EQ(brokenKind, QStringLiteral("読み取れません"));
-    ASSERT_TRUE(c.sheet->isVisible());
-    EXPECT_EQ(p.sheetChild<QLineEdit>("txtName")->text(), QStringLiteral("佐藤一郎"));
-    EXPECT_EQ(p.session.fileName, QStringLiteral("2024/240105佐藤.xlsx"));
+    expectOpened(p, QStringLiteral("佐藤一郎"), QStringLiteral("2024/240105佐藤.xlsx"));
 }
 
 TEST(EstimateSearch, EnterGoesFromTheSearchToTheResultsAndOpensOne)
@@ -133,8 +137,7 @@ TEST(EstimateSearch, EnterGoesFromTheSearchToTheResultsAndOpensOne)
     });
     c.start->button("cmdHen")->click();
     EXPECT_EQ(messagesAfterFirstEnter, 0);
-    ASSERT_TRUE(c.sheet->isVisible());
-    EXPECT_EQ(p.sheetChild<QLineEdit>("txtName")->text(), QStringLiteral("高橋次郎"));
+    expectOpened(p, QStringLiteral("高橋次郎"), QStringLiteral("240105高橋.xlsx"));
 }
 
 TEST(EstimateSearch, ManyNewWorkbooksAreReadBehindAProgressBar)
