@@ -66,7 +66,7 @@ bool fill(QSqlDatabase db)
     customer.prepare(QStringLiteral("INSERT INTO Kokyaku_Jyouhou (KNo, Namae, Post, Jyusyo1, TEL, KKubun, Memo) "
                                     "VALUES (?, ?, '100-0001', '東京都千代田区千代田9-9', '03-0000-0000', 0, '')"));
     vehicle.prepare(QStringLiteral("INSERT INTO Kokyaku_Syaryou (SNo, KNo, Meka, Syamei, Touroku, Soukou, IroNo) "
-                                   "VALUES (?, ?, 'トヨタ', 'サンプルセダン', '品川300あ1234', '45200', '070')"));
+                                   "VALUES (?, ?, 'トヨタ', 'カローラ', '品川300さ12-34', '45200', '070')"));
     int sno = 0;
     for (int k = 1; k <= kCustomers; ++k) {
         customer.bindValue(0, QString::number(k));

@@ -2,18 +2,34 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 namespace est::app {
 
 void setUpApplication(QApplication &application)
 {
-    Q_UNUSED(application);
     QCoreApplication::setOrganizationName(QStringLiteral("EstimateApp"));
     QCoreApplication::setApplicationName(QStringLiteral("EstimateApp"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ESTIMATE_VERSION));
     QFont font(QStringLiteral("Noto Sans CJK JP"));
     font.setPointSize(10);
     QApplication::setFont(font);
+    installQtTranslations(application);
+}
+
+bool installQtTranslations(QCoreApplication &application)
+{
+    // The program speaks Japanese whatever the machine's locale is.
+    const QLocale japanese(QLocale::Japanese, QLocale::Japan);
+    auto *translator = new QTranslator(&application);
+    if (!translator->load(japanese, QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        delete translator;
+        return false;
+    }
+    return QCoreApplication::installTranslator(translator);
 }
 
 } // namespace est::app

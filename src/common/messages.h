@@ -10,12 +10,18 @@ enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 
 enum class Answer { Ok, Yes, No, Cancel };
 
+// The title of a message that names none of its own: the program's name.
+inline QString defaultMessageTitle()
+{
+    return QStringLiteral("見積書作成");
+}
+
 class Messages
 {
 public:
     virtual ~Messages() = default;
 
-    // A notice with an OK button only.
+    // A notice with an OK button only. An empty title stands for defaultMessageTitle().
     virtual void inform(const QString &text, const QString &title, MessageIcon icon) = 0;
 
     // A question with Yes and No.

@@ -1,5 +1,7 @@
 #include "customers/dlg_new_touroku.h"
 
+#include "uikit/user_choice.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -50,7 +52,7 @@ DlgNewTouroku::DlgNewTouroku(Messages &messages, SettingLists &settings, QWidget
     connect(m_cmdDel, &QPushButton::clicked, this, [this] { begin(Pending::Delete); });
     connect(m_ok, &QPushButton::clicked, this, &DlgNewTouroku::carryOut);
     connect(exit, &QPushButton::clicked, this, &DlgNewTouroku::cancelByButton);
-    connect(m_list, &QListWidget::currentRowChanged, this, [this] {
+    ui::onChosenRow(m_list, this, [this](int) {
         if (m_pending == Pending::None)
             m_txtTouroku->setText(selectedOffice() ? selectedOffice()->name : QString());
         updateControls();
@@ -72,7 +74,7 @@ void DlgNewTouroku::load()
 
 const RegistrationOffice *DlgNewTouroku::selectedOffice() const
 {
-    const int row = m_list->currentRow();
+    const int row = ui::chosenRow(m_list);
     return row >= 0 && row < m_offices.size() ? &m_offices.at(row) : nullptr;
 }
 

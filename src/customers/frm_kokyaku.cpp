@@ -481,13 +481,35 @@ void FrmKokyaku::cancelBlock()
     showState();
 }
 
+bool FrmKokyaku::settleOpenBlock()
+{
+    if (!m_browser.editing())
+        return true;
+    switch (m_messages.askYesNoCancel(QStringLiteral("編集中のデータがあります。保存しますか？"),
+                                      QStringLiteral("顧客情報"), MessageIcon::Question)) {
+    case Answer::Yes:
+        saveBlock();
+        return !m_browser.editing(); // a refused save keeps the screen open
+    case Answer::No:
+        cancelBlock();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FrmKokyaku::done(int result)
+{
+    if (settleOpenBlock())
+        QDialog::done(result);
+}
+
 void FrmKokyaku::deleteCustomer()
 {
     if (!m_browser.hasCustomer())
         return;
     if (m_browser.vehicles().size() >= 2) {
-        m_messages.inform(QStringLiteral("登録している自動車が2台以上あります。車両を削除してください。"),
-                          QStringLiteral("削除できません"), MessageIcon::Exclamation);
+        refuseDeleteWithVehicles();
         return;
     }
     if (m_messages.askYesNo(QStringLiteral("削除します。\nこのデータは失われます。\nよろしいですか？"),
@@ -501,13 +523,18 @@ void FrmKokyaku::deleteCustomer()
         break;
     case DeleteOutcome::TooManyVehicles:
         // Another vehicle arrived since the screen last looked.
-        m_messages.inform(QStringLiteral("登録している自動車が2台以上あります。車両を削除してください。"),
-                          QStringLiteral("削除できません"), MessageIcon::Exclamation);
+        refuseDeleteWithVehicles();
         break;
     case DeleteOutcome::Failed:
         reportError();
         break;
     }
+}
+
+void FrmKokyaku::refuseDeleteWithVehicles()
+{
+    m_messages.inform(QStringLiteral("登録している自動車が2台以上あります。車両を削除してください。"), QString(),
+                      MessageIcon::None);
 }
 
 void FrmKokyaku::deleteVehicle()

@@ -31,6 +31,9 @@ public:
 
     const CustomerBrowser &browser() const { return m_browser; }
 
+    // Every way of closing (キャンセル, Esc, the close box) first settles an open block.
+    void done(int result) override;
+
 Q_SIGNALS:
     // cmdSelect put a customer and vehicle into the session (arrays and header).
     void selected();
@@ -56,6 +59,8 @@ private:
     void cancelBlock();
     void deleteCustomer();
     void deleteVehicle();
+    void refuseDeleteWithVehicles();
+    bool settleOpenBlock();
     void selectForEstimate();
     void chooseRegistration();
     void vehicleRowChosen(int row);

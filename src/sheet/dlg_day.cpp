@@ -20,6 +20,7 @@ DlgDay::DlgDay(Session &session, Messages &messages, const Clock &clock, QSettin
     : GuardedDialog(messages, parent), m_session(session), m_clock(clock), m_settings(settings), m_sheet(sheet)
 {
     setObjectName(QStringLiteral("dlgDay"));
+    setEscapeCancels(true);
     setWindowTitle(QStringLiteral("伝票日付"));
     buildUi();
 }
@@ -173,7 +174,7 @@ void DlgDay::confirm()
         return;
     if (!m_proposal.issued())
         return;
-    confirmSlip(m_session, m_proposal);
+    confirmSlip(m_session, m_proposal, m_clock.today());
     if (m_sheet)
         m_sheet->showSlip();
     saveSlipSettings(m_session, m_settings);

@@ -26,6 +26,7 @@ DlgHikazei::DlgHikazei(Session &session, Messages &messages, const QString &appF
       m_list(NonTaxableList::fromSession(session.nonTaxable))
 {
     setObjectName(QStringLiteral("dlgHikazei"));
+    setEscapeCancels(true);
     setWindowTitle(QStringLiteral("非課税項目"));
     buildUi();
     const db::OpenResult opened = db::openDatabase(appFolder, QStringLiteral("Data\\Hikazei.mdb"));

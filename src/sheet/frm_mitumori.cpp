@@ -1,10 +1,8 @@
 #include "sheet/frm_mitumori.h"
 
 #include "common/number_format.h"
-#include "sheet/closing_rules.h"
 #include "sheet/discount_keys.h"
 #include "sheet/document_kind.h"
-#include "sheet/estimate_store.h"
 #include "sheet/sheet_grid_layout.h"
 #include "uikit/key_filter.h"
 #include "uikit/twips.h"
@@ -67,17 +65,6 @@ QLineEdit *amountEdit(const char *name, QWidget *parent)
     return edit;
 }
 
-// Amount columns show "#,###" whether a row came from an editor (plain digits) or from a
-// saved workbook (already formatted); the row table itself keeps its texts.
-QString cellText(const EstimateRow &row, int column)
-{
-    const QString &text = row.at(column);
-    if (column != ColLabour && column != ColUnitPrice && column != ColPartsAmount)
-        return text;
-    const auto yen = parseDisplayedYen(text);
-    return yen ? formatThousands(*yen) : text;
-}
-
 void setTextQuietly(QLineEdit *edit, const QString &text)
 {
     if (edit->text() == text)
@@ -90,7 +77,7 @@ void setTextQuietly(QLineEdit *edit, const QString &text)
 
 FrmMitumori::FrmMitumori(Session &session, Messages &messages, QWidget *parent)
     : QWidget(parent), m_session(session), m_messages(messages),
-      m_chain(session.figures, session.totals), m_w(new Widgets)
+      m_sheet(session, messages), m_w(new Widgets)
 {
     setObjectName(QStringLiteral("frmMitumori"));
     setWindowTitle(QStringLiteral("見積書作成"));
@@ -145,36 +132,33 @@ void FrmMitumori::buildUi()
 
     auto *rateFilter = new ui::KeyFilter(m_w->txtNebiki1, discountRateKeyRule, m_messages);
     Q_UNUSED(rateFilter);
-    auto *amountFilter = new ui::KeyFilter(m_w->txtNebiki2, discountAmountKeyRule, m_messages);
-    connect(amountFilter, &ui::KeyFilter::accepted, this, [this](QChar) {
-        m_chain.discountAmountKeyTyped();
-        afterChainStep();
-    });
+    new ui::KeyFilter(m_w->txtNebiki2, discountAmountKeyRule, m_messages);
     new ui::KeyFilter(m_w->txtAzukari, discountAmountKeyRule, m_messages);
 
-    connect(m_w->txtNebiki1, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_chain.setDiscountRate(text);
-        afterChainStep();
+    auto forward = [this](QLineEdit *edit, void (EstimateSheet::*typed)(const QString &)) {
+        connect(edit, &QLineEdit::textChanged, this, [this, typed](const QString &text) {
+            (m_sheet.*typed)(text);
+            showFigures();
+        });
+    };
+    forward(m_w->txtNebiki1, &EstimateSheet::discountRateTyped);
+    forward(m_w->txtNebiki2, &EstimateSheet::discountAmountTyped);
+    forward(m_w->txtAzukari, &EstimateSheet::advanceTyped);
+    // Only a change the user makes to the amount's text counts as typed; Tab, Enter and the
+    // arrows leave the text as it is.
+    connect(m_w->txtNebiki2, &QLineEdit::textEdited, this, [this](const QString &text) {
+        m_sheet.discountAmountEdited(text);
+        showFigures();
     });
     connect(m_w->txtNebiki1, &QLineEdit::editingFinished, this, [this] {
-        m_chain.discountRateLeft();
-        afterChainStep();
-    });
-    connect(m_w->txtNebiki2, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_chain.setDiscountAmount(text);
-        afterChainStep();
-    });
-    connect(m_w->txtAzukari, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_chain.setAdvance(text);
-        afterChainStep();
+        m_sheet.discountRateLeft();
+        showFigures();
     });
     // Amounts typed by hand take the sheet's "#,###" once the field is left, as they will
     // show when the estimate is opened again.
     for (QLineEdit *amount : {m_w->txtNebiki2, m_w->txtAzukari}) {
-        connect(amount, &QLineEdit::editingFinished, this, [amount] {
-            if (const auto yen = parseDisplayedYen(amount->text()))
-                amount->setText(formatThousands(*yen));
-        });
+        connect(amount, &QLineEdit::editingFinished, this,
+                [amount] { amount->setText(EstimateSheet::amountAsLeft(amount->text())); });
     }
     connect(m_w->cboHdai, &QComboBox::currentIndexChanged, this, &FrmMitumori::onDocumentKindChanged);
     resize(1280, 900);
@@ -367,9 +351,8 @@ QWidget *FrmMitumori::buildButtons()
 
 void FrmMitumori::connectHeaderField(QLineEdit *edit, QString EstimateHeader::*field)
 {
-    connect(edit, &QLineEdit::textChanged, this, [this, field](const QString &text) {
-        m_session.header.*field = text;
-    });
+    connect(edit, &QLineEdit::textChanged, this,
+            [this, field](const QString &text) { m_sheet.setHeaderField(field, text); });
 }
 
 void FrmMitumori::setButtonEnabled(SheetButton button, bool enabled)
@@ -409,10 +392,7 @@ void FrmMitumori::refresh()
     refreshHeader();
     showCompany();
     showSlip();
-    m_w->lblVersion->setText(QStringLiteral("Ver %1.%2.%3")
-                                 .arg(ESTIMATE_VERSION_MAJOR)
-                                 .arg(ESTIMATE_VERSION_MINOR)
-                                 .arg(ESTIMATE_VERSION_PATCH));
+    m_w->lblVersion->setText(EstimateSheet::versionText());
     refreshRows();
 }
 
@@ -440,11 +420,7 @@ void FrmMitumori::refreshHeader()
 
 void FrmMitumori::onDocumentKindChanged(int index)
 {
-    const DocumentTexts texts = documentTexts(index);
-    m_session.header.documentKind = index;
-    m_session.header.openingText = texts.opening;
-    m_session.header.closingText = texts.closing;
-    m_session.header.amountCaption = texts.amountCaption;
+    const DocumentTexts texts = m_sheet.chooseDocumentKind(index);
     m_w->lblBun1->setText(texts.opening);
     m_w->lblBun2->setText(texts.closing);
     m_w->lblKBun->setText(texts.amountCaption);
@@ -452,34 +428,28 @@ void FrmMitumori::onDocumentKindChanged(int index)
 
 void FrmMitumori::showCompany()
 {
-    const QStringList &c = m_session.company;
-    auto at = [&c](int i) { return i < c.size() ? c.at(i) : QString(); };
-    m_w->lblCom->setText(at(1));
-    m_w->lblJisya->setText(at(2));
-    m_w->lblJyusyo->setText(at(3));
-    m_w->lblTEL->setText(QStringLiteral("TEL ") + at(4));
-    m_w->lblFAX->setText(QStringLiteral("FAX ") + at(5));
-    m_w->lblGinko->setText(at(6));
-    m_w->lblSiten->setText(at(7));
-    const auto branch = parseDisplayedNumber(at(8));
-    m_w->lblTNo->setText(branch ? formatThreeDigits(qint64(*branch)) : at(8));
-    m_w->lblKoza->setText(at(9));
-    m_w->lblKzNo->setText(at(10));
-    m_w->lblKzName->setText(at(12));
-    m_chain.setTaxRate(at(11));
-    afterChainStep();
+    const CompanyLines lines = m_sheet.applyCompany();
+    const std::pair<QLabel *, const QString *> shown[] = {
+        {m_w->lblCom, &lines.title},          {m_w->lblJisya, &lines.name},
+        {m_w->lblJyusyo, &lines.address},     {m_w->lblTEL, &lines.phone},
+        {m_w->lblFAX, &lines.fax},            {m_w->lblGinko, &lines.bank},
+        {m_w->lblSiten, &lines.branch},       {m_w->lblTNo, &lines.branchNumber},
+        {m_w->lblKoza, &lines.accountKind},   {m_w->lblKzNo, &lines.accountNumber},
+        {m_w->lblKzName, &lines.accountHolder},
+    };
+    for (const auto &[label, text] : shown)
+        label->setText(*text);
+    showFigures();
 }
 
 void FrmMitumori::showSlip()
 {
-    const QString date = m_session.estimateDate;
-    const QString slip = m_session.slipNumber;
-    m_w->lblHiduke->setText(date.isEmpty() && slip.isEmpty() ? QString() : date + QStringLiteral(" / ") + slip);
+    m_w->lblHiduke->setText(m_sheet.slipText());
 }
 
 void FrmMitumori::refreshRows()
 {
-    const QList<EstimateRow> rows = displayRows(m_session);
+    const QList<EstimateRow> rows = m_sheet.shownRows();
     QTableWidget *grid = m_w->grid;
     grid->setUpdatesEnabled(false);
     grid->setRowCount(gridRowCount(int(rows.size())) - 1);
@@ -487,7 +457,7 @@ void FrmMitumori::refreshRows()
     for (int r = 0; r < rows.size(); ++r) {
         for (int c = 0; c < kGridColumns; ++c) {
             QTableWidgetItem *item = grid->item(r, c);
-            item->setText(cellText(rows.at(r), c));
+            item->setText(rows.at(r).at(c));
             if (c >= ColIndex && c <= ColPartsAmount)
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
         }
@@ -498,7 +468,7 @@ void FrmMitumori::refreshRows()
 
 void FrmMitumori::refreshTotals()
 {
-    const EditorTotals &t = m_session.totals;
+    const EditorTotals &t = m_sheet.totals();
     m_w->lblKoutin->setText(formatThousands(t.labour));
     m_w->lblBuhin->setText(formatThousands(t.parts));
     m_w->lblSkei->setText(formatThousands(t.workTotalA));
@@ -506,52 +476,25 @@ void FrmMitumori::refreshTotals()
     m_w->lblZairyo->setText(formatThousands(t.paintMaterial));
     m_w->lblBumpa->setText(formatThousands(t.bumperPaint));
     m_w->lblPKei->setText(formatThousands(t.paintTotalB));
-    m_chain.sumsChanged();
-    afterChainStep();
+    m_sheet.sumsChanged();
+    showFigures();
 }
 
 void FrmMitumori::setNonTaxableTotal(Yen sum)
 {
-    m_chain.setNonTaxable(formatThousands(sum));
-    afterChainStep();
+    m_sheet.setNonTaxableTotal(sum);
+    showFigures();
 }
 
 void FrmMitumori::clearEstimate()
 {
-    const QStringList company = m_session.company;
-    const QString taxRate = m_session.figures.taxRate;
-    m_session.header = EstimateHeader();
-    m_session.rows.clear();
-    m_session.totals = EditorTotals();
-    m_session.figures = SheetFigures();
-    m_session.figures.taxRate = taxRate;
-    m_session.nonTaxable = NonTaxableItems();
-    m_session.paint = PaintState();
-    m_session.bumper = BumperState();
-    m_session.additional = AdditionalState();
-    // A new estimate starts without the previous one's customer and vehicle.
-    m_session.customer = QStringList(18);
-    m_session.vehicle = QStringList(19);
-    m_session.company = company;
+    m_sheet.clearEstimate();
     refresh();
-}
-
-void FrmMitumori::afterChainStep()
-{
-    showFigures();
-    if (m_session.figures.rememberedRate.isEmpty())
-        m_session.figures.rememberedRate = QStringLiteral("0");
-    if (m_chain.overflowed()) {
-        m_chain.clearOverflow();
-        m_messages.inform(QStringLiteral("金額が大きすぎるため計算できません。\n"
-                                         "2,147,483,647 円までの金額を入力してください。"),
-                          QStringLiteral("金額の確認"), MessageIcon::Exclamation);
-    }
 }
 
 void FrmMitumori::showFigures()
 {
-    const SheetFigures &f = m_session.figures;
+    const SheetFigures &f = m_sheet.figures();
     m_w->lblGokei->setText(f.gokei);
     setTextQuietly(m_w->txtNebiki1, f.discountRate);
     setTextQuietly(m_w->txtNebiki2, f.discountAmount);
@@ -568,42 +511,12 @@ void FrmMitumori::showFigures()
 
 bool FrmMitumori::confirmEnd()
 {
-    const QString title = QStringLiteral("ファイルの保存");
-    switch (endAction(m_session.sheetState, m_session.editExisting)) {
-    case EndAction::EndNow:
-        return true;
-    case EndAction::AskSaveNew:
-        switch (m_messages.askYesNoCancel(QStringLiteral("ファイルを保存しますか？"), title, MessageIcon::Question)) {
-        case Answer::Yes:
-            return m_store && m_store->saveWithNewName();
-        case Answer::No:
-            return true;
-        default:
-            return false;
-        }
-    case EndAction::AskOverwrite:
-        switch (m_messages.askYesNoCancel(QStringLiteral("ファイルを上書き保存しますか？"), title,
-                                          MessageIcon::Question)) {
-        case Answer::Yes:
-            return m_store && m_store->overwrite();
-        case Answer::No:
-            return true;
-        default:
-            return false;
-        }
-    }
-    return false;
+    return m_sheet.confirmEnd();
 }
 
 void FrmMitumori::saveEstimate()
 {
-    if (!hasDataToSave(m_session.sheetState, m_session.editExisting)) {
-        m_messages.inform(QStringLiteral("保存するデータがまだ有りません。"), QStringLiteral("保存できません。"),
-                          MessageIcon::Critical);
-        return;
-    }
-    if (m_store)
-        m_store->save();
+    m_sheet.save();
 }
 
 void FrmMitumori::closeEvent(QCloseEvent *event)

@@ -5,7 +5,7 @@
 
 #include "common/messages.h"
 #include "common/session.h"
-#include "sheet/totals_chain.h"
+#include "sheet/estimate_sheet.h"
 
 #include <QHash>
 #include <QWidget>
@@ -43,7 +43,7 @@ public:
     ~FrmMitumori() override;
 
     // Who saves the estimate; without one, saving reports that it cannot save.
-    void setStore(EstimateStore *store) { m_store = store; }
+    void setStore(EstimateStore *store) { m_sheet.setStore(store); }
 
     // Shows everything from the session again: header, grid, totals and the chain.
     void refresh();
@@ -86,12 +86,10 @@ private:
     void clearGrid();
     void showFigures();
     void onDocumentKindChanged(int index);
-    void afterChainStep();
 
     Session &m_session;
     Messages &m_messages;
-    EstimateStore *m_store = nullptr;
-    TotalsChain m_chain;
+    EstimateSheet m_sheet;
     struct Widgets;
     Widgets *m_w;
     QHash<SheetButton, QPushButton *> m_buttons;

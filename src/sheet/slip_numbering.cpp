@@ -66,10 +66,10 @@ SlipProposal proposeSlip(const QString &storedCounter, const QString &storedDay,
     return p;
 }
 
-void confirmSlip(Session &session, const SlipProposal &proposal)
+void confirmSlip(Session &session, const SlipProposal &proposal, QDate today)
 {
     session.denpyoNo = formatThreeDigits(proposal.counter);
-    session.denpyoDDay = proposal.key;
+    session.denpyoDDay = dayKey(today);
     session.slipNumber = proposal.number;
     session.estimateDate = proposal.eraDate;
 }

@@ -48,8 +48,10 @@ struct SlipProposal
 // cannot be read as 0.
 SlipProposal proposeSlip(const QString &storedCounter, const QString &storedDay, QDate day);
 
-// Takes a confirmed proposal into the session: the stored counter and date, the slip
-// number and the estimate date of the open estimate.
-void confirmSlip(Session &session, const SlipProposal &proposal);
+// Takes a confirmed proposal into the session: the stored counter, the slip number and the
+// estimate date of the open estimate. The stored date of the last slip is `today`, whatever
+// date the proposal was made for: a date typed for one estimate must not hold back the
+// estimates of the following days.
+void confirmSlip(Session &session, const SlipProposal &proposal, QDate today);
 
 } // namespace est::sheet

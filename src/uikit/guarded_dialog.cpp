@@ -1,6 +1,7 @@
 #include "uikit/guarded_dialog.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 
 namespace est::ui {
 
@@ -24,6 +25,15 @@ void GuardedDialog::closeEvent(QCloseEvent *event)
     }
     event->ignore();
     refuseCloseBox(m_messages);
+}
+
+void GuardedDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (m_escapeCancels && event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        cancelByButton();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void GuardedDialog::reject()

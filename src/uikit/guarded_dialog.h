@@ -1,6 +1,7 @@
 #pragma once
-// A dialog whose title-bar close box (and Escape) is refused with the standard notice;
-// the dialog ends only through its own buttons.
+// A dialog whose title-bar close box is refused with the standard notice; the dialog ends
+// only through its own buttons. Escape is refused too, unless the dialog lets it stand for
+// its cancel button.
 
 #include "common/messages.h"
 
@@ -18,6 +19,9 @@ public:
     GuardedDialog(Messages &messages, QWidget *parent = nullptr);
 
 protected:
+    // Escape then ends the dialog as its cancel button does.
+    void setEscapeCancels(bool on) { m_escapeCancels = on; }
+    void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void reject() override;
     // Called by the dialog's own cancel button: ends the dialog as rejected.
@@ -27,6 +31,7 @@ protected:
 private:
     Messages &m_messages;
     bool m_closingByButton = false;
+    bool m_escapeCancels = false;
 };
 
 } // namespace est::ui

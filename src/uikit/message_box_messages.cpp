@@ -22,7 +22,8 @@ QMessageBox::Icon toIcon(MessageIcon icon)
 Answer run(QWidget *parent, const QString &text, const QString &title, MessageIcon icon,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton)
 {
-    QMessageBox box(toIcon(icon), title, text, buttons, parent ? parent : QApplication::activeWindow());
+    QMessageBox box(toIcon(icon), title.isEmpty() ? defaultMessageTitle() : title, text, buttons,
+                    parent ? parent : QApplication::activeWindow());
     box.setDefaultButton(defaultButton);
     switch (box.exec()) {
     case QMessageBox::Yes: return Answer::Yes;

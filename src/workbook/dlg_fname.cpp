@@ -15,6 +15,7 @@ DlgFname::DlgFname(const Clock &clock, Messages &messages, QWidget *parent)
     : ui::GuardedDialog(messages, parent), m_clock(clock)
 {
     setObjectName(QStringLiteral("dlgFname"));
+    setEscapeCancels(true);
     setWindowTitle(QStringLiteral("ファイル名の入力"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(QStringLiteral("見積ファイルの名前を入力してください。"), this));

@@ -39,6 +39,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     : ui::GuardedDialog(messages, parent), m_loader(std::move(loader)), m_root(folder)
 {
     setObjectName(QStringLiteral("dlgOpen"));
+    setEscapeCancels(true);
     setWindowTitle(QStringLiteral("見積ファイルを開く"));
     auto *layout = m_layout = new QVBoxLayout(this);
     auto *lists = new QHBoxLayout;

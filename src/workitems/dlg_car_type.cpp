@@ -1,5 +1,7 @@
 #include "workitems/dlg_car_type.h"
 
+#include "uikit/user_choice.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -55,8 +57,8 @@ DlgCarType::DlgCarType(Session &session, Messages &messages, const CatalogueConn
         if (m_types.at(i).tableName == session.typeTable)
             m_typeList->setCurrentRow(i);
 
-    connect(m_makerList, &QListWidget::currentRowChanged, this, &DlgCarType::updateChoice);
-    connect(m_typeList, &QListWidget::currentRowChanged, this, &DlgCarType::updateChoice);
+    ui::onChosenRow(m_makerList, this, [this](int) { updateChoice(); });
+    ui::onChosenRow(m_typeList, this, [this](int) { updateChoice(); });
     connect(m_ok, &QPushButton::clicked, this, &DlgCarType::confirm);
     connect(cancel, &QPushButton::clicked, this, &DlgCarType::cancelByButton);
     updateChoice();
@@ -65,8 +67,8 @@ DlgCarType::DlgCarType(Session &session, Messages &messages, const CatalogueConn
 
 void DlgCarType::updateChoice()
 {
-    const int maker = m_makerList->currentRow();
-    const int type = m_typeList->currentRow();
+    const int maker = ui::chosenRow(m_makerList);
+    const int type = ui::chosenRow(m_typeList);
     m_makerLabel->setText(maker >= 0 ? QStringLiteral("メーカー名は ") + m_makers.at(maker).name : QString());
     m_typeLabel->setText(type >= 0 ? QStringLiteral("車両タイプは ") + m_types.at(type).type : QString());
     m_ok->setEnabled(maker >= 0 && type >= 0);
@@ -74,8 +76,8 @@ void DlgCarType::updateChoice()
 
 void DlgCarType::confirm()
 {
-    const int maker = m_makerList->currentRow();
-    const int type = m_typeList->currentRow();
+    const int maker = ui::chosenRow(m_makerList);
+    const int type = ui::chosenRow(m_typeList);
     if (maker < 0 || type < 0)
         return;
     m_session.maker = m_makers.at(maker).name;

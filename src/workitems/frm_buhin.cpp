@@ -1,5 +1,7 @@
 #include "workitems/frm_buhin.h"
 
+#include "uikit/user_choice.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -130,11 +132,11 @@ void FrmBuhin::buildUi()
     }
     layout->addLayout(buttons);
 
-    connect(m_dlstCarSec, &QListWidget::currentRowChanged, this, &FrmBuhin::makerOrTypeChosen);
-    connect(m_dlstCType, &QListWidget::currentRowChanged, this, &FrmBuhin::makerOrTypeChosen);
+    ui::onChosenRow(m_dlstCarSec, this, [this](int) { makerOrTypeChosen(); });
+    ui::onChosenRow(m_dlstCType, this, [this](int) { makerOrTypeChosen(); });
     connect(m_cmdNext, &QPushButton::clicked, this, &FrmBuhin::next);
-    connect(m_dlstBunrui, &QListWidget::currentRowChanged, this, &FrmBuhin::classificationChosen);
-    connect(m_dlstKubun, &QListWidget::currentRowChanged, this, &FrmBuhin::sectionChosen);
+    ui::onChosenRow(m_dlstBunrui, this, [this](int row) { classificationChosen(row); });
+    ui::onChosenRow(m_dlstKubun, this, [this](int row) { sectionChosen(row); });
     connect(m_cmdNew, &QPushButton::clicked, this, &FrmBuhin::startNew);
     connect(m_cmdEdit, &QPushButton::clicked, this, &FrmBuhin::startEdit);
     connect(m_cmdDel, &QPushButton::clicked, this, &FrmBuhin::startDelete);
@@ -182,8 +184,8 @@ void FrmBuhin::setMode(CatalogueEditorMode mode)
 
 void FrmBuhin::makerOrTypeChosen()
 {
-    const int maker = m_dlstCarSec->currentRow();
-    const int type = m_dlstCType->currentRow();
+    const int maker = ui::chosenRow(m_dlstCarSec);
+    const int type = ui::chosenRow(m_dlstCType);
     m_makerDb = maker >= 0 ? m_makers.at(maker).dbName : QString();
     m_typeTable = type >= 0 ? m_types.at(type).tableName : QString();
     setMode(CatalogueEditorMode::Choosing);
@@ -191,8 +193,8 @@ void FrmBuhin::makerOrTypeChosen()
 
 void FrmBuhin::next()
 {
-    const int maker = m_dlstCarSec->currentRow();
-    const int type = m_dlstCType->currentRow();
+    const int maker = ui::chosenRow(m_dlstCarSec);
+    const int type = ui::chosenRow(m_dlstCType);
     if (maker < 0 || type < 0)
         return;
     // The editor's choice becomes the estimate's catalogue choice, as the register shows it.

@@ -5,6 +5,7 @@
 #include "workitems/numeric_keys.h"
 #include "workitems/text_box.h"
 #include "uikit/named.h"
+#include "uikit/user_choice.h"
 
 #include <QComboBox>
 #include <QFocusEvent>
@@ -57,34 +58,23 @@ const QStringList kLocations = {
     QStringLiteral("その他"),
 };
 const QStringList kWorkKinds = {
-    QStringLiteral("取替"), QStringLiteral("脱着"), QStringLiteral("修理"), QStringLiteral("板金"),
+    QStringLiteral("取替"), QStringLiteral("脱着"), QStringLiteral("修理"), QStringLiteral("鈑金"),
     QStringLiteral("調整"), QStringLiteral("点検"), QStringLiteral("分解"), QStringLiteral("組付"),
 };
-
-// Rows are sorted on the location, so that the rows of one part of the car come together.
-constexpr int kSortColumn = WiSection;
 
 } // namespace
 
 FrmSakusei::FrmSakusei(Session &session, Messages &messages, std::unique_ptr<CatalogueTable> catalogue,
                        QWidget *parent)
     : GuardedDialog(messages, parent), m_session(session), m_catalogue(std::move(catalogue)),
-      m_table(session.rows), m_rate(session.labourRate), m_rounding{session.roundDigits, session.roundMode},
-      m_w(new Widgets)
+      m_editor(session, messages), m_w(new Widgets)
 {
     setObjectName(QStringLiteral("frmSakusei"));
     setWindowTitle(QStringLiteral("作業作成 - ") + session.maker + QStringLiteral("/") + session.vehicleType);
     setModal(true);
     buildUi();
-    if (m_rate != 0) {
-        m_quiet = true;
-        m_w->txtRato->setText(formatThousands(m_rate));
-        m_quiet = false;
-    }
     fillClassifications();
-    showRows();
-    clearInputs();
-    updateButtons();
+    showAll();
 }
 
 FrmSakusei::~FrmSakusei() = default;
@@ -189,7 +179,7 @@ void FrmSakusei::buildUi()
     w.cmdSort = button("cmdSort", "並べ替え");
     rowButtons->addStretch(1);
     w.cmdEasy = button("cmdEasy", "簡易見積");
-    w.cmdBankin = button("cmdBankin", "板金指数");
+    w.cmdBankin = button("cmdBankin", "鈑金指数");
     layout->addLayout(rowButtons);
 
     w.HFLg1 = named(new QTableWidget(this), "HFLg1");
@@ -238,22 +228,42 @@ void FrmSakusei::buildUi()
     for (QLineEdit *e : {w.txtRato, w.txtSisu, w.txtKoutin, w.txtBTan, w.txtBKo})
         selectAllOnFocus(e);
 
-    connect(w.dlstB, &QListWidget::currentRowChanged, this, &FrmSakusei::classificationChosen);
-    connect(w.dlstK, &QListWidget::currentRowChanged, this, &FrmSakusei::sectionChosen);
-    connect(w.HFlg4, &QTableWidget::currentCellChanged, this, [this](int row) { partChosen(row); });
+    ui::onChosenRow(w.dlstB, this, [this](int row) { classificationChosen(row); });
+    ui::onChosenRow(w.dlstK, this, [this](int row) { sectionChosen(row); });
+    ui::onChosenRow(w.HFlg4, this, [this](int row) { partChosen(row); });
     connect(w.HFlg4, &QTableWidget::cellClicked, this, [this](int row) { partChosen(row); });
-    connect(w.txtRato, &QLineEdit::textChanged, this, &FrmSakusei::rateChanged);
-    connect(w.txtSisu, &QLineEdit::textChanged, this, &FrmSakusei::indexChanged);
-    connect(w.txtKoutin, &QLineEdit::textChanged, this, &FrmSakusei::directLabourChanged);
-    connect(w.txtBTan, &QLineEdit::textChanged, this, &FrmSakusei::partInputsChanged);
-    connect(w.txtBKo, &QLineEdit::textChanged, this, &FrmSakusei::partInputsChanged);
-    connect(w.cmdAdd, &QPushButton::clicked, this, &FrmSakusei::addRow);
-    connect(w.cmdInsRow, &QPushButton::clicked, this, &FrmSakusei::insertRow);
-    connect(w.cmdEdit, &QPushButton::clicked, this, &FrmSakusei::editRow);
-    connect(w.cmdEOK, &QPushButton::clicked, this, &FrmSakusei::confirmEdit);
-    connect(w.cmdECancel, &QPushButton::clicked, this, &FrmSakusei::cancelEdit);
-    connect(w.cmdDel, &QPushButton::clicked, this, &FrmSakusei::deleteRow);
-    connect(w.cmdSort, &QPushButton::clicked, this, &FrmSakusei::sortRows);
+    // Each text the user changes goes to the editor, which may reformat it or compute from it.
+    auto forward = [this](QLineEdit *edit, void (WorkItemEditor::*typed)(const QString &)) {
+        connect(edit, &QLineEdit::textChanged, this, [this, typed](const QString &text) {
+            (m_editor.*typed)(text);
+            showInputs();
+        });
+    };
+    forward(w.txtRato, &WorkItemEditor::rateTyped);
+    forward(w.txtSisu, &WorkItemEditor::indexTyped);
+    forward(w.txtKoutin, &WorkItemEditor::directLabourTyped);
+    forward(w.txtBTan, &WorkItemEditor::unitPriceTyped);
+    forward(w.txtBKo, &WorkItemEditor::quantityTyped);
+    connect(w.txtBuhin, &QLineEdit::textChanged, this, [this](const QString &t) { m_editor.setText(WiPart, t); });
+    connect(w.txtBuhinT, &QLineEdit::textChanged, this,
+            [this](const QString &t) { m_editor.setText(WiPartNumber, t); });
+    connect(w.cboBui, &QComboBox::currentTextChanged, this,
+            [this](const QString &t) { m_editor.setText(WiSection, t); });
+    connect(w.cboSagyo, &QComboBox::currentTextChanged, this,
+            [this](const QString &t) { m_editor.setText(WiWork, t); });
+    auto command = [this](QPushButton *button, auto run) {
+        connect(button, &QPushButton::clicked, this, [this, run] {
+            run();
+            showAll();
+        });
+    };
+    command(w.cmdAdd, [this] { m_editor.add(); });
+    command(w.cmdInsRow, [this] { m_editor.insertBefore(selectedRow()); });
+    command(w.cmdEdit, [this] { m_editor.edit(selectedRow()); });
+    command(w.cmdEOK, [this] { m_editor.confirmEdit(); });
+    command(w.cmdECancel, [this] { m_editor.cancelEdit(); });
+    command(w.cmdDel, [this] { m_editor.remove(selectedRow()); });
+    command(w.cmdSort, [this] { m_editor.sort(); });
     connect(w.cmdOK, &QPushButton::clicked, this, &FrmSakusei::handBack);
     connect(w.cmdCancel, &QPushButton::clicked, this, &FrmSakusei::cancelByButton);
     resize(1200, 820);
@@ -310,15 +320,16 @@ void FrmSakusei::partChosen(int row)
 {
     if (row < 0 || row >= m_w->HFlg4->rowCount() || !m_w->HFlg4->item(row, 1))
         return;
-    m_w->txtBuhin->setText(m_w->HFlg4->item(row, 1)->text());
-    m_w->lblNum->setText(m_w->HFlg4->item(row, 0)->text());
+    m_editor.setText(WiPart, m_w->HFlg4->item(row, 1)->text());
+    m_editor.setText(WiCatalogueNum, m_w->HFlg4->item(row, 0)->text());
+    showInputs();
 }
 
 // ---- one work item -----------------------------------------------------------------------
 
 namespace {
 
-// Writes a text the screen itself computed, without running the field's change handler.
+// Writes a text the editor computed, without running the field's change handler.
 void setQuietly(QLineEdit *edit, const QString &text)
 {
     if (edit->text() == text)
@@ -327,302 +338,73 @@ void setQuietly(QLineEdit *edit, const QString &text)
     edit->setText(text);
 }
 
+void setQuietly(QComboBox *box, const QString &text)
+{
+    if (box->currentText() == text)
+        return;
+    const QSignalBlocker blocker(box);
+    box->setCurrentText(text);
+}
+
 } // namespace
-
-void FrmSakusei::rateChanged(const QString &text)
-{
-    if (m_quiet)
-        return;
-    const QString digits = filterNumericText(text, false);
-    if (isBlank(digits)) {
-        m_rate = 0;
-        return;
-    }
-    if (const auto rate = parseRate(digits)) {
-        m_rate = *rate;
-        if (digits != text)
-            setQuietly(m_w->txtRato, digits);
-        return;
-    }
-    messages().inform(QStringLiteral("レートは 0 から 32,767 円までの整数で入力してください。"),
-                      QStringLiteral("レート"), MessageIcon::Exclamation);
-    setQuietly(m_w->txtRato, m_rate != 0 ? QString::number(m_rate) : QString());
-}
-
-void FrmSakusei::indexChanged(const QString &text)
-{
-    if (m_quiet)
-        return;
-    const QString filtered = filterNumericText(text, true);
-    if (filtered != text)
-        setQuietly(m_w->txtSisu, filtered);
-    if (isBlank(m_w->txtRato->text()))
-        return;
-    if (isBlank(filtered)) {
-        m_w->lblKKei->clear();
-        return;
-    }
-    setQuietly(m_w->txtKoutin, QString());
-    recomputeLabour();
-}
-
-void FrmSakusei::recomputeLabour()
-{
-    const QString index = m_w->txtSisu->text();
-    if (isBlank(index) || isBlank(m_w->txtRato->text()))
-        return;
-    const auto amount = labourFromIndex(index, m_rate, m_rounding, messages());
-    m_w->lblKKei->setText(amount ? QString::number(*amount) : QString());
-}
 
 bool FrmSakusei::eventFilter(QObject *watched, QEvent *event)
 {
     // Switching to another window or opening a popup does not leave the field.
     if (watched == m_w->txtSisu && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            indexLeft();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+            const bool toRate = m_editor.indexLeft();
+            showInputs();
+            if (toRate)
+                m_w->txtRato->setFocus();
+        }
     }
     return GuardedDialog::eventFilter(watched, event);
 }
 
-void FrmSakusei::indexLeft()
-{
-    QLineEdit *index = m_w->txtSisu;
-    // A reformatted text is a change of the index like any other: the labour follows the two
-    // decimals the row shows, so 1.257 at 1,000 yen becomes 1.26 and 1,260 yen.
-    const QString shown = isBlank(index->text()) ? index->text() : reformatIndex(index->text());
-    if (shown != index->text()) {
-        {
-            const QSignalBlocker blocker(index);
-            index->setText(shown);
-        }
-        recomputeLabour();
-    }
-    // Leaving the field without a rate is reported even when no index was typed: the rate is
-    // what the index is for, so the user is sent to it.
-    if (isBlank(m_w->txtRato->text())) {
-        if (!isBlank(index->text())) {
-            setQuietly(index, QString());
-            // A labour typed directly stays; one left from an index goes with it.
-            if (isBlank(m_w->txtKoutin->text()))
-                m_w->lblKKei->clear();
-        }
-        messages().inform(QStringLiteral("レーバーレートに金額が入力されておりません。"), QStringLiteral("注意"),
-                          MessageIcon::Critical);
-        m_w->txtRato->setFocus();
-    }
-}
-
-void FrmSakusei::directLabourChanged(const QString &text)
-{
-    if (m_quiet)
-        return;
-    const QString digits = filterNumericText(text, false);
-    if (digits != text)
-        setQuietly(m_w->txtKoutin, digits);
-    setQuietly(m_w->txtSisu, QString());
-    m_w->lblKKei->setText(digits);
-}
-
-void FrmSakusei::partInputsChanged()
-{
-    if (m_quiet)
-        return;
-    for (QLineEdit *edit : {m_w->txtBTan, m_w->txtBKo}) {
-        const QString filtered = filterNumericText(edit->text(), true);
-        if (filtered != edit->text())
-            setQuietly(edit, filtered);
-    }
-    const auto total = partTotal(m_w->txtBTan->text(), m_w->txtBKo->text());
-    m_w->lblBKei->setText(total ? QString::number(*total) : QString());
-}
-
-WorkItemRow FrmSakusei::inputs() const
-{
-    const Widgets &w = *m_w;
-    WorkItemRow row;
-    row[WiNo] = w.lblGNo->text();
-    row[WiSection] = w.cboBui->currentText();
-    row[WiPart] = w.txtBuhin->text();
-    row[WiPartNumber] = w.txtBuhinT->text();
-    row[WiWork] = w.cboSagyo->currentText();
-    row[WiIndex] = isBlank(w.txtSisu->text()) ? QString() : reformatIndex(w.txtSisu->text());
-    row[WiLabour] = w.lblKKei->text();
-    row[WiUnitPrice] = w.txtBTan->text();
-    row[WiQuantity] = w.txtBKo->text();
-    row[WiPartsTotal] = w.lblBKei->text();
-    row[WiDirectLabour] = w.txtKoutin->text();
-    row[WiCatalogueNum] = w.lblNum->text();
-    return row;
-}
-
-void FrmSakusei::loadInputs(const WorkItemRow &row)
+void FrmSakusei::showInputs()
 {
     Widgets &w = *m_w;
-    m_quiet = true;
+    const WorkItemRow &row = m_editor.inputs();
+    setQuietly(w.txtRato, m_editor.rateText());
     w.lblGNo->setText(row[WiNo]);
-    w.cboBui->setCurrentText(row[WiSection]);
-    w.txtBuhin->setText(row[WiPart]);
-    w.txtBuhinT->setText(row[WiPartNumber]);
-    w.cboSagyo->setCurrentText(row[WiWork]);
-    w.txtSisu->setText(row[WiIndex]);
+    setQuietly(w.cboBui, row[WiSection]);
+    setQuietly(w.txtBuhin, row[WiPart]);
+    setQuietly(w.txtBuhinT, row[WiPartNumber]);
+    setQuietly(w.cboSagyo, row[WiWork]);
+    setQuietly(w.txtSisu, row[WiIndex]);
     w.lblKKei->setText(row[WiLabour]);
-    w.txtBTan->setText(row[WiUnitPrice]);
-    w.txtBKo->setText(row[WiQuantity]);
+    setQuietly(w.txtBTan, row[WiUnitPrice]);
+    setQuietly(w.txtBKo, row[WiQuantity]);
     w.lblBKei->setText(row[WiPartsTotal]);
-    w.txtKoutin->setText(row[WiDirectLabour]);
+    setQuietly(w.txtKoutin, row[WiDirectLabour]);
     w.lblNum->setText(row[WiCatalogueNum]);
-    m_quiet = false;
-}
-
-void FrmSakusei::clearInputs()
-{
-    WorkItemRow empty;
-    empty[WiNo] = QString::number(m_inserting ? m_insertAt + 1 : m_table.nextNumber());
-    loadInputs(empty);
 }
 
 // ---- rows ----------------------------------------------------------------------------
 
 int FrmSakusei::selectedRow() const
 {
-    const int row = m_w->HFLg1->currentRow();
-    return row >= 0 && row < m_table.count() ? row : -1;
+    const int row = ui::chosenRow(m_w->HFLg1);
+    return row >= 0 && row < m_editor.table().count() ? row : -1;
 }
 
-void FrmSakusei::reportRowLimit()
+void FrmSakusei::showAll()
 {
-    messages().inform(QStringLiteral("行の上限です。\nこれ以上書き込めません。"), QStringLiteral("警告"),
-                      MessageIcon::Critical);
-}
-
-void FrmSakusei::reportTooLarge()
-{
-    messages().inform(QStringLiteral("金額が大きすぎるため計算できません。\n"
-                                     "合計が 2,147,483,647 円までになるように入力してください。"),
-                      QStringLiteral("金額の確認"), MessageIcon::Exclamation);
-}
-
-void FrmSakusei::addRow()
-{
-    if (m_editing >= 0)
-        return;
-    if (m_inserting) {
-        if (m_table.replace(m_insertAt, inputs()) == WorkItemTable::Change::TooLarge) {
-            reportTooLarge();
-            return;
-        }
-        m_inserting = false;
-        m_insertAt = -1;
-    } else {
-        if (m_table.full()) {
-            reportRowLimit();
-            m_addRefused = true;
-            m_w->cmdAdd->setEnabled(false);
-            clearInputs();
-            return;
-        }
-        if (m_table.append(inputs()) == WorkItemTable::Change::TooLarge) {
-            reportTooLarge();
-            return;
-        }
-    }
-    clearInputs();
+    showInputs();
     showRows();
     updateButtons();
-}
-
-void FrmSakusei::insertRow()
-{
-    if (m_inserting || m_editing >= 0)
-        return;
-    const int row = selectedRow();
-    if (row < 0)
-        return;
-    if (m_table.insertEmpty(row) == WorkItemTable::Change::Full) {
-        reportRowLimit();
-        return;
-    }
-    m_inserting = true;
-    m_insertAt = row;
-    showRows();
-    clearInputs();
-    updateButtons();
-}
-
-void FrmSakusei::editRow()
-{
-    if (m_inserting || m_editing >= 0)
-        return;
-    const int row = selectedRow();
-    if (row < 0)
-        return;
-    m_editing = row;
-    loadInputs(m_table.row(row));
-    updateButtons();
-}
-
-void FrmSakusei::confirmEdit()
-{
-    if (m_editing < 0)
-        return;
-    // The edited row's labour and part total follow its inputs as they are now.
-    if (!isBlank(m_w->txtSisu->text()))
-        recomputeLabour();
-    partInputsChanged();
-    if (m_table.replace(m_editing, inputs()) == WorkItemTable::Change::TooLarge) {
-        reportTooLarge();
-        return;
-    }
-    m_editing = -1;
-    clearInputs();
-    showRows();
-    updateButtons();
-}
-
-void FrmSakusei::cancelEdit()
-{
-    m_editing = -1;
-    clearInputs();
-    updateButtons();
-}
-
-void FrmSakusei::deleteRow()
-{
-    if (m_editing >= 0 || m_inserting)
-        return;
-    const int row = selectedRow();
-    if (row < 0) {
-        messages().inform(QStringLiteral("削除するデータはありません．"), QStringLiteral("警告"),
-                          MessageIcon::Exclamation);
-        return;
-    }
-    if (messages().askYesNo(QStringLiteral("削除します。\nこのデータは失われます。\nよろしいですか？"),
-                            QStringLiteral("削除"), MessageIcon::Question) != Answer::Yes)
-        return;
-    m_table.remove(row);
-    m_addRefused = false;
-    clearInputs();
-    showRows();
-    updateButtons();
-}
-
-void FrmSakusei::sortRows()
-{
-    if (m_editing >= 0 || m_inserting)
-        return;
-    m_table.sortBy(kSortColumn);
-    showRows();
 }
 
 void FrmSakusei::showRows()
 {
+    const WorkItemTable &table = m_editor.table();
     QTableWidget *grid = m_w->HFLg1;
     grid->setUpdatesEnabled(false);
-    grid->setRowCount(m_table.count());
-    for (int r = 0; r < m_table.count(); ++r) {
-        const WorkItemRow &row = m_table.row(r);
+    grid->setRowCount(table.count());
+    for (int r = 0; r < table.count(); ++r) {
+        const WorkItemRow &row = table.row(r);
         for (int c = 0; c < WorkItemColumnCount; ++c) {
             QTableWidgetItem *item = grid->item(r, c);
             if (!item) {
@@ -635,12 +417,7 @@ void FrmSakusei::showRows()
         }
     }
     grid->setUpdatesEnabled(true);
-    showTotals();
-}
-
-void FrmSakusei::showTotals()
-{
-    const WorkItemTotals &t = m_table.totals();
+    const WorkItemTotals &t = table.totals();
     m_w->lblKSum->setText(formatThousands(t.labour));
     m_w->lblBSum->setText(formatThousands(t.parts));
     m_w->lblSSum->setText(formatThousands(t.grand));
@@ -649,30 +426,24 @@ void FrmSakusei::showTotals()
 void FrmSakusei::updateButtons()
 {
     Widgets &w = *m_w;
-    const bool editing = m_editing >= 0;
-    const bool browsing = !editing && !m_inserting;
-    w.HFLg1->setEnabled(browsing);
-    w.cmdAdd->setEnabled(!editing && !m_addRefused);
-    w.cmdInsRow->setEnabled(browsing && m_table.count() > 0 && !m_table.full());
-    w.cmdEdit->setEnabled(browsing && m_table.count() > 0);
-    w.cmdDel->setEnabled(browsing);
-    w.cmdSort->setEnabled(browsing && m_table.count() > 1);
-    w.cmdEOK->setEnabled(editing);
-    w.cmdECancel->setEnabled(editing);
+    const WorkItemButtons b = m_editor.buttons();
+    w.HFLg1->setEnabled(b.grid);
+    w.cmdAdd->setEnabled(b.add);
+    w.cmdInsRow->setEnabled(b.insert);
+    w.cmdEdit->setEnabled(b.edit);
+    w.cmdDel->setEnabled(b.remove);
+    w.cmdSort->setEnabled(b.sort);
+    w.cmdEOK->setEnabled(b.confirmEdit);
+    w.cmdECancel->setEnabled(b.cancelEdit);
 }
 
 void FrmSakusei::handBack()
 {
-    // An inserted row that was never filled is not part of the estimate.
-    if (m_inserting) {
-        m_table.remove(m_insertAt);
-        m_inserting = false;
+    if (!m_editor.settlePending()) {
+        showAll();
+        return;
     }
-    m_session.rows = m_table.toEstimateRows();
-    m_session.totals.labour = m_table.totals().labour;
-    m_session.totals.parts = m_table.totals().parts;
-    m_session.totals.workTotalA = m_table.totals().grand;
-    m_session.labourRate = m_rate;
+    m_editor.handBack(m_session);
     accept();
 }
 

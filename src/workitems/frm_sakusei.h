@@ -6,8 +6,7 @@
 #include "common/session.h"
 #include "uikit/guarded_dialog.h"
 #include "workitems/catalogue.h"
-#include "workitems/labour.h"
-#include "workitems/work_item_table.h"
+#include "workitems/work_item_editor.h"
 
 #include <memory>
 
@@ -30,7 +29,7 @@ public:
                QWidget *parent = nullptr);
     ~FrmSakusei() override;
 
-    const WorkItemTable &rows() const { return m_table; }
+    const WorkItemTable &rows() const { return m_editor.table(); }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,44 +41,18 @@ private:
     void sectionChosen(int row);
     void partChosen(int row);
 
-    void rateChanged(const QString &text);
-    void indexChanged(const QString &text);
-    void indexLeft();
-    void directLabourChanged(const QString &text);
-    void partInputsChanged();
-    void recomputeLabour();
-
-    void addRow();
-    void insertRow();
-    void editRow();
-    void confirmEdit();
-    void cancelEdit();
-    void deleteRow();
-    void sortRows();
-    void handBack();
-
-    WorkItemRow inputs() const;
-    void loadInputs(const WorkItemRow &row);
-    void clearInputs();
+    void showInputs();
     void showRows();
-    void showTotals();
     void updateButtons();
+    void showAll();
     int selectedRow() const;
-    void reportRowLimit();
-    void reportTooLarge();
+    void handBack();
 
     Session &m_session;
     std::unique_ptr<CatalogueTable> m_catalogue;
-    WorkItemTable m_table;
-    std::int16_t m_rate;
-    Rounding m_rounding;
+    WorkItemEditor m_editor;
     std::int16_t m_bnum = 0;
     std::int16_t m_knum = 0;
-    bool m_inserting = false;
-    int m_insertAt = -1;
-    int m_editing = -1;
-    bool m_addRefused = false; // the row limit was reported; cmdAdd stays off until a row goes
-    bool m_quiet = false; // set while the screen itself writes into the inputs
 
     struct Widgets;
     std::unique_ptr<Widgets> m_w;

@@ -21,7 +21,7 @@ TEST(FrmKokyaku, OpensOnTheFirstCustomerWithBlocksClosed)
     EXPECT_EQ(x.text("txtNamae"), QStringLiteral("青木　一郎"));
     EXPECT_EQ(x.find<QLabel>("lbl1")->text(), QStringLiteral("車輌データの台数は 1 台です。"));
     EXPECT_EQ(x.find<QTableWidget>("DG1")->rowCount(), 1);
-    EXPECT_EQ(x.text("txtSyamei"), QStringLiteral("サンプルセダン"));
+    EXPECT_EQ(x.text("txtSyamei"), QStringLiteral("カローラ"));
     EXPECT_TRUE(x.find<QLineEdit>("txtNamae")->isReadOnly());
     EXPECT_FALSE(x.find<QPushButton>("cmdOkJ")->isEnabled());
     EXPECT_FALSE(x.find<QPushButton>("cmdOkS")->isEnabled());
@@ -49,7 +49,7 @@ TEST(FrmKokyaku, SearchShowsTheCustomerAndItsVehicles)
     EXPECT_EQ(x.text("txtSNo"), QStringLiteral("3"));
     grid->setCurrentCell(1, 4);
     EXPECT_EQ(x.text("txtSNo"), QStringLiteral("4"));
-    EXPECT_EQ(x.text("txtSyamei"), QStringLiteral("サンプルバン"));
+    EXPECT_EQ(x.text("txtSyamei"), QStringLiteral("ハイエースバン"));
     EXPECT_EQ(x.text("cboMeka"), QStringLiteral("トヨタ"));
 }
 
@@ -98,6 +98,9 @@ TEST(FrmKokyaku, CustomerWithTwoVehiclesIsNotDeleted)
     ASSERT_EQ(x.messages.shown.size(), 1);
     EXPECT_EQ(x.messages.shown.last().kind, Kind::Inform); // refused without asking
     EXPECT_EQ(x.messages.lastText(), QStringLiteral("登録している自動車が2台以上あります。車両を削除してください。"));
+    // The program's own title (an empty one) and no icon.
+    EXPECT_TRUE(x.messages.shown.last().title.isEmpty());
+    EXPECT_EQ(x.messages.shown.last().icon, MessageIcon::None);
     EXPECT_EQ(x.customers(), customers);
     EXPECT_EQ(x.vehicles(), vehicles);
     EXPECT_EQ(x.text("txtKNo"), QStringLiteral("3"));
@@ -283,13 +286,13 @@ TEST(FrmKokyaku, SelectHandsCustomerAndChosenVehicleToTheSession)
     EXPECT_EQ(x.session.customer[2], QStringLiteral("上野　健太"));
     EXPECT_EQ(x.session.customer[16], QStringLiteral("220-0002"));
     EXPECT_EQ(x.session.customer[17], QStringLiteral("220-0001"));
-    EXPECT_EQ(x.session.vehicle[4], QStringLiteral("サンプルバン"));
+    EXPECT_EQ(x.session.vehicle[4], QStringLiteral("ハイエースバン"));
     EXPECT_EQ(x.session.vehicle[12], QStringLiteral("96100"));
     EXPECT_EQ(x.session.vehicle[17], QStringLiteral("96100"));
     EXPECT_EQ(x.session.vehicle[18], QStringLiteral("2024/07/14"));
     EXPECT_EQ(x.session.header.customerName, QStringLiteral("上野　健太"));
     EXPECT_EQ(x.session.header.customerCompany, QStringLiteral("有限会社うえの運送"));
-    EXPECT_EQ(x.session.header.registration, QStringLiteral("横浜400え3004"));
+    EXPECT_EQ(x.session.header.registration, QStringLiteral("横浜400な30-04"));
     EXPECT_EQ(x.session.header.colour, QStringLiteral("058"));
 }
 
@@ -340,4 +343,76 @@ TEST(FrmKokyaku, FailedCustomerDeleteIsReportedAndChangesNothing)
     EXPECT_TRUE(x.hasVehicle("5"));
     EXPECT_EQ(x.text("txtKNo"), QStringLiteral("4"));
     EXPECT_EQ(x.find<QLabel>("lbl1")->text(), QStringLiteral("車輌データの台数は 1 台です。"));
+}
+
+// Closing the screen with a block open asks first: Yes saves, No drops, Cancel stays.
+enum class CloseBy { CancelButton, Escape, CloseBox };
+
+struct OpenBlockCase
+{
+    CloseBy by;
+    Answer answer;
+};
+
+class FrmKokyakuClosing : public ::testing::TestWithParam<OpenBlockCase>
+{
+};
+
+TEST_P(FrmKokyakuClosing, AsksBeforeAnOpenBlockIsLost)
+{
+    const OpenBlockCase c = GetParam();
+    ScreenFixture x;
+    x.open();
+    x.click("cmdNew");
+    x.type("txtNamae", QStringLiteral("新井　和也"));
+    const int customers = x.customers();
+    x.messages.answer(c.answer);
+    switch (c.by) {
+    case CloseBy::CancelButton:
+        x.click("cmdCancel");
+        break;
+    case CloseBy::Escape:
+        QTest::keyClick(x.screen.get(), Qt::Key_Escape);
+        break;
+    case CloseBy::CloseBox:
+        x.screen->close();
+        break;
+    }
+    ASSERT_EQ(x.messages.shown.size(), 1);
+    EXPECT_EQ(x.messages.shown.last().kind, Kind::YesNoCancel);
+    EXPECT_EQ(x.messages.lastText(), QStringLiteral("編集中のデータがあります。保存しますか？"));
+    switch (c.answer) {
+    case Answer::Yes:
+        EXPECT_FALSE(x.screen->isVisible());
+        EXPECT_EQ(x.customers(), customers + 1);
+        break;
+    case Answer::No:
+        EXPECT_FALSE(x.screen->isVisible());
+        EXPECT_EQ(x.customers(), customers);
+        break;
+    default:
+        EXPECT_TRUE(x.screen->isVisible());
+        EXPECT_TRUE(x.screen->browser().editing());
+        EXPECT_EQ(x.text("txtNamae"), QStringLiteral("新井　和也"));
+        EXPECT_EQ(x.customers(), customers);
+        break;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, FrmKokyakuClosing,
+                         ::testing::Values(OpenBlockCase{CloseBy::CancelButton, Answer::Yes},
+                                           OpenBlockCase{CloseBy::CancelButton, Answer::No},
+                                           OpenBlockCase{CloseBy::CancelButton, Answer::Cancel},
+                                           OpenBlockCase{CloseBy::Escape, Answer::Cancel},
+                                           OpenBlockCase{CloseBy::Escape, Answer::No},
+                                           OpenBlockCase{CloseBy::CloseBox, Answer::Cancel},
+                                           OpenBlockCase{CloseBy::CloseBox, Answer::Yes}));
+
+TEST(FrmKokyaku, ClosingWhileBrowsingAsksNothing)
+{
+    ScreenFixture x;
+    x.open();
+    x.click("cmdCancel");
+    EXPECT_FALSE(x.screen->isVisible());
+    EXPECT_TRUE(x.messages.shown.isEmpty());
 }

@@ -42,8 +42,8 @@ TEST(CustomersWiring, SheetButtonOpensTheCustomerScreenAndSelectFillsTheHeader)
     EXPECT_TRUE(x.messages.shown.isEmpty()) << x.messages.lastText().toStdString();
     EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtName")->text(), QStringLiteral("上野　健太"));
     EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtKaisya")->text(), QStringLiteral("有限会社うえの運送"));
-    EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtSname")->text(), QStringLiteral("サンプルトラック"));
-    EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtTouroku")->text(), QStringLiteral("横浜400う3003"));
+    EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtSname")->text(), QStringLiteral("エルフ"));
+    EXPECT_EQ(child<QLineEdit>(x.context().sheet, "txtTouroku")->text(), QStringLiteral("横浜400た30-03"));
     EXPECT_EQ(x.session.vehicle[0], QStringLiteral("3"));
 }
 

@@ -138,7 +138,8 @@ TEST(DlgDay, TypedDate)
     x.find<QPushButton>("OKButton")->click();
     EXPECT_EQ(x.session.estimateDate, QStringLiteral("平成31年4月30日"));
     EXPECT_EQ(x.session.slipNumber, "190430005");
-    EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "190430");
+    // The stored date of the last slip is today's, not the typed one.
+    EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "240105");
 }
 
 TEST(DlgDay, NewTypedDateAfterARefusedOneCanBeConfirmed)
@@ -163,6 +164,23 @@ TEST(DlgDay, NewTypedDateAfterARefusedOneCanBeConfirmed)
     EXPECT_EQ(x.session.slipNumber, "240104003");
     EXPECT_EQ(x.session.estimateDate, QStringLiteral("令和6年1月4日"));
     EXPECT_EQ(x.settings.value("DenpyoNo/DNo").toString(), "003");
+}
+
+TEST(DlgDay, TypedFutureDateDoesNotBlockTheNextEstimate)
+{
+    DayFixture x("002", "240105");
+    ASSERT_TRUE(x.open());
+    x.find<QCheckBox>("Ck1")->setChecked(true);
+    x.find<QLineEdit>("txtHiduke")->setText("2024/3/1");
+    x.find<QPushButton>("OKButton")->click();
+    EXPECT_EQ(x.session.slipNumber, "240301001");
+    EXPECT_EQ(x.settings.value("DenpyoDDay/DDay").toString(), "240105");
+
+    // The next new estimate of today gets a number without the wrong-date warning.
+    x.messages.clear();
+    ASSERT_TRUE(x.open());
+    EXPECT_TRUE(x.messages.shown.isEmpty()) << x.messages.lastText().toStdString();
+    EXPECT_EQ(x.label("lblDNo"), QStringLiteral("新規伝票番号は 240105002 です。"));
 }
 
 } // namespace

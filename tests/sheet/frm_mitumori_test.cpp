@@ -44,6 +44,16 @@ struct SheetFixture
         return w;
     }
     QString label(const char *name) const { return find<QLabel>(name)->text(); }
+    // A + B of 1,000,000 with a discount rate of 10 typed; the focus in the amount field.
+    QLineEdit *tenPercentOfAMillion()
+    {
+        session.totals.workTotalA = 1000000;
+        sheet.refreshTotals();
+        type("txtNebiki1", "10");
+        QLineEdit *amount = find<QLineEdit>("txtNebiki2");
+        amount->setFocus();
+        return amount;
+    }
     void type(const char *name, const QString &text)
     {
         QLineEdit *edit = find<QLineEdit>(name);
@@ -119,6 +129,43 @@ TEST(FrmMitumori, DiscountRateTypedThroughTheControls)
     EXPECT_EQ(x.find<QLineEdit>("txtNebiki1")->text(), "");
     EXPECT_EQ(x.label("lblNGo"), "995,000");
     EXPECT_EQ(x.label("lblSZei"), "99,500");
+}
+
+// Keys that only move the focus are not typed into the amount: the rate stays and goes on
+// deciding the discount when A + B changes.
+class FocusKeyInTheAmount : public ::testing::TestWithParam<Qt::Key>
+{
+};
+
+TEST_P(FocusKeyInTheAmount, KeepsTheRate)
+{
+    SheetFixture x;
+    QLineEdit *amount = x.tenPercentOfAMillion();
+    ASSERT_EQ(amount->text(), "100,000");
+    QTest::keyClick(amount, GetParam());
+    QTest::keyClick(amount, GetParam());
+    EXPECT_EQ(x.find<QLineEdit>("txtNebiki1")->text(), "10");
+    EXPECT_EQ(x.session.figures.discountRate, "10");
+
+    x.session.totals.workTotalA = 2000000;
+    x.sheet.refreshTotals();
+    EXPECT_EQ(amount->text(), "200,000");
+    EXPECT_EQ(x.label("lblNGo"), "1,800,000");
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, FocusKeyInTheAmount,
+                         ::testing::Values(Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,
+                                           Qt::Key_Left, Qt::Key_Home));
+
+TEST(FrmMitumori, DeletingInTheAmountTakesTheRateAway)
+{
+    SheetFixture x;
+    QLineEdit *amount = x.tenPercentOfAMillion();
+    amount->end(false);
+    QTest::keyClick(amount, Qt::Key_Backspace);
+    EXPECT_EQ(amount->text(), "100,00");
+    EXPECT_EQ(x.find<QLineEdit>("txtNebiki1")->text(), "");
+    EXPECT_EQ(x.label("lblNGo"), "990,000");
 }
 
 TEST(FrmMitumori, LettersAreDroppedWithABeep)

@@ -75,11 +75,24 @@ TEST(SlipNumbering, ConfirmWritesTheSession)
 {
     Session s;
     const SlipProposal p = proposeSlip("005", "240105", QDate(2024, 1, 5));
-    confirmSlip(s, p);
+    confirmSlip(s, p, QDate(2024, 1, 5));
     EXPECT_EQ(s.denpyoNo, "006");
     EXPECT_EQ(s.denpyoDDay, "240105");
     EXPECT_EQ(s.slipNumber, "240105006");
     EXPECT_EQ(s.estimateDate, QStringLiteral("令和6年1月5日"));
+}
+
+TEST(SlipNumbering, ConfirmingAnotherDayStoresToday)
+{
+    Session s;
+    const SlipProposal p = proposeSlip("005", "240105", QDate(2024, 2, 1));
+    confirmSlip(s, p, QDate(2024, 1, 5));
+    EXPECT_EQ(s.slipNumber, "240201001");
+    EXPECT_EQ(s.estimateDate, QStringLiteral("令和6年2月1日"));
+    EXPECT_EQ(s.denpyoNo, "001");
+    EXPECT_EQ(s.denpyoDDay, "240105");
+    // The next estimate of today is not refused.
+    EXPECT_TRUE(proposeSlip(s.denpyoNo, s.denpyoDDay, QDate(2024, 1, 5)).issued());
 }
 
 TEST(SlipSettings, FirstStartThenRoundTrip)

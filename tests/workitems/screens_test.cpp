@@ -364,22 +364,45 @@ TEST_F(EditorFixture, LeavingAnEmptyIndexWithoutARateSendsTheUserToTheRate)
     QTest::qWait(20);
     const qsizetype shown = messages.shown.size();
     click("cmdOK");
-    EXPECT_EQ(messages.shown.size(), shown);
+    // Only the typed labour not yet added is asked about (unanswered: back to the editor).
+    ASSERT_EQ(messages.shown.size(), shown + 1);
+    EXPECT_EQ(messages.lastText(), QStringLiteral("入力中の作業項目があります。\n追加しますか？"));
     EXPECT_EQ(session.rows.size(), 0);
 }
 
-TEST_F(EditorFixture, RateTypedInTheEditorIsUsedAndHandedBack)
+// The rate box only decides whether labour is computed; the amount is index × the
+// estimate's rate, and the estimate keeps one rate for labour and paint.
+TEST_F(EditorFixture, LabourUsesTheEstimatesRateNotTheRateBox)
 {
-    session.labourRate = 0;
+    session.labourRate = 5000;
+    session.paintLabourRate = 5000;
     openEditor();
-    QTest::keyClicks(edit("txtRato"), "6000");
-    QTest::keyClicks(edit("txtSisu"), "2");
-    EXPECT_EQ(label("lblKKei"), QStringLiteral("12000"));
-    edit("txtRato")->setText(QStringLiteral("40000"));
-    EXPECT_EQ(edit("txtRato")->text(), QStringLiteral("6000"));
-    EXPECT_TRUE(messages.lastText().contains(QStringLiteral("32,767")));
+    auto *rate = edit("txtRato");
+    rate->selectAll();
+    QTest::keyClicks(rate, "6000");
+    EXPECT_EQ(rate->text(), QStringLiteral("6000"));
+    QTest::keyClicks(edit("txtSisu"), "1.5");
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("7500"));
+    click("cmdAdd");
+    EXPECT_EQ(cell(0, 6), QStringLiteral("7500"));
     click("cmdOK");
-    EXPECT_EQ(session.labourRate, 6000);
+    EXPECT_EQ(session.labourRate, 5000);
+    EXPECT_EQ(session.paintLabourRate, 5000);
+    EXPECT_EQ(session.totals.labour, 7500);
+    EXPECT_TRUE(messages.shown.isEmpty()) << messages.lastText().toStdString();
+}
+
+TEST_F(EditorFixture, AnEmptyRateBoxComputesNothing)
+{
+    session.labourRate = 5000;
+    openEditor();
+    edit("txtRato")->clear();
+    QTest::keyClicks(edit("txtSisu"), "1.5");
+    EXPECT_EQ(label("lblKKei"), QString());
+    QTest::keyClicks(edit("txtRato"), "1");
+    edit("txtSisu")->clear();
+    QTest::keyClicks(edit("txtSisu"), "2");
+    EXPECT_EQ(label("lblKKei"), QStringLiteral("10000")); // 2 × 5,000, not 2 × 1
 }
 
 TEST_F(EditorFixture, DirectLabourAndIndexClearEachOther)
@@ -585,6 +608,144 @@ TEST_F(EditorFixture, InsertEditAndSort)
     EXPECT_EQ(cell(0, 0), "1");
     EXPECT_EQ(cell(2, 0), "3");
     EXPECT_EQ(label("lblKSum"), QStringLiteral("9,000"));
+}
+
+// 削除 with rows but none chosen says which row to choose, and deletes nothing.
+TEST_F(EditorFixture, DeleteWithoutAChosenRowAsksForOne)
+{
+    session.labourRate = 1000;
+    openEditor();
+    for (const char *index : {"1", "2"}) {
+        QTest::keyClicks(edit("txtSisu"), index);
+        click("cmdAdd");
+    }
+    auto *grid = w<QTableWidget>("HFLg1");
+    grid->clearSelection();
+    // Qt makes a row current when the grid takes the focus; that is not the user's choice.
+    grid->selectionModel()->setCurrentIndex(grid->model()->index(0, 1), QItemSelectionModel::NoUpdate);
+    messages.answer(Answer::Yes);
+    click("cmdDel");
+    ASSERT_EQ(messages.shown.size(), 1);
+    EXPECT_EQ(messages.lastText(), QStringLiteral("削除する行を一覧で選んでから、削除をクリックしてください。"));
+    EXPECT_EQ(messages.shown.last().kind, test::ShownMessage::Kind::Inform);
+    EXPECT_EQ(editor->rows().count(), 2);
+}
+
+// OK while a row is being edited or an item is typed but not added asks what to do with it.
+struct PendingCase
+{
+    bool editRow; // else: an item typed but not added
+    Answer answer;
+};
+
+class EditorPendingOk : public EditorFixture, public ::testing::WithParamInterface<PendingCase>
+{
+};
+
+TEST_P(EditorPendingOk, IsNeverDroppedSilently)
+{
+    const PendingCase c = GetParam();
+    session.labourRate = 5000;
+    openEditor();
+    editor->show();
+    QTest::keyClicks(edit("txtSisu"), "1.5");
+    click("cmdAdd");
+    if (c.editRow) {
+        w<QTableWidget>("HFLg1")->setCurrentCell(0, 1);
+        click("cmdEdit");
+        edit("txtSisu")->clear();
+        QTest::keyClicks(edit("txtSisu"), "3");
+    } else {
+        QTest::keyClicks(edit("txtSisu"), "2");
+    }
+    messages.answer(c.answer);
+    click("cmdOK");
+    ASSERT_EQ(messages.shown.size(), 1);
+    EXPECT_EQ(messages.shown.last().kind, test::ShownMessage::Kind::YesNoCancel);
+    EXPECT_EQ(messages.lastText(), c.editRow ? QStringLiteral("修正中の行があります。\n修正を確定しますか？")
+                                             : QStringLiteral("入力中の作業項目があります。\n追加しますか？"));
+    switch (c.answer) {
+    case Answer::Yes:
+        EXPECT_EQ(editor->result(), QDialog::Accepted);
+        ASSERT_EQ(session.rows.size(), c.editRow ? 1 : 2);
+        EXPECT_EQ(session.rows.last()[ColLabour], c.editRow ? QStringLiteral("15000") : QStringLiteral("10000"));
+        EXPECT_EQ(session.totals.labour, c.editRow ? 15000 : 17500);
+        break;
+    case Answer::No:
+        EXPECT_EQ(editor->result(), QDialog::Accepted);
+        ASSERT_EQ(session.rows.size(), 1);
+        EXPECT_EQ(session.rows.first()[ColIndex], QStringLiteral("1.50"));
+        EXPECT_EQ(session.totals.labour, 7500);
+        break;
+    default:
+        EXPECT_TRUE(editor->isVisible());
+        EXPECT_TRUE(session.rows.isEmpty());
+        EXPECT_EQ(edit("txtSisu")->text(), QString::fromLatin1(c.editRow ? "3" : "2"));
+        break;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, EditorPendingOk,
+                         ::testing::Values(PendingCase{true, Answer::Yes}, PendingCase{true, Answer::No},
+                                           PendingCase{true, Answer::Cancel}, PendingCase{false, Answer::Yes},
+                                           PendingCase{false, Answer::No}, PendingCase{false, Answer::Cancel}));
+
+TEST_F(EditorFixture, WorkListSpellsSheetMetalWorkOneWay)
+{
+    openEditor();
+    auto *work = w<QComboBox>("cboSagyo");
+    EXPECT_GE(work->findText(QStringLiteral("鈑金")), 0);
+    EXPECT_EQ(work->findText(QStringLiteral("板金")), -1);
+    EXPECT_EQ(w<QPushButton>("cmdBankin")->text(), QStringLiteral("鈑金指数"));
+}
+
+// A list taking the focus makes its first row current; only a row the user picks is a choice.
+void focusIn(QAbstractItemView *view)
+{
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(view, &in);
+}
+
+TEST_F(FolderFixture, CarTypeDialogCountsOnlyTheUsersChoice)
+{
+    session = Session();
+    ASSERT_TRUE(choice.openCarSetDb());
+    DlgCarType dialog(session, messages, choice.connections());
+    auto *makers = find<QListWidget>(&dialog, "dlstMeka");
+    auto *types = find<QListWidget>(&dialog, "dlstType");
+    focusIn(makers);
+    focusIn(types);
+    ASSERT_EQ(makers->currentRow(), 0);
+    EXPECT_EQ(find<QLabel>(&dialog, "lblMeka")->text(), QString());
+    EXPECT_EQ(find<QLabel>(&dialog, "lblType")->text(), QString());
+    EXPECT_FALSE(find<QPushButton>(&dialog, "OKButton")->isEnabled());
+}
+
+TEST_F(FolderFixture, CatalogueEditorNeedsBothChoicesMadeByTheUser)
+{
+    session = Session();
+    FrmBuhin editor(choice);
+    find<QListWidget>(&editor, "dlstCType")->setCurrentRow(1);
+    auto *makers = find<QListWidget>(&editor, "dlstCarSec");
+    focusIn(makers);
+    ASSERT_EQ(makers->currentRow(), 0);
+    EXPECT_FALSE(find<QPushButton>(&editor, "cmdNext")->isEnabled());
+}
+
+TEST_F(EditorFixture, PartsListTakingTheFocusPicksNoPart)
+{
+    session.labourRate = 5000;
+    openEditor();
+    auto *classes = w<QListWidget>("dlstB");
+    focusIn(classes);
+    EXPECT_EQ(w<QListWidget>("dlstK")->count(), 0);
+    classes->setCurrentRow(0);
+    w<QListWidget>("dlstK")->setCurrentRow(0);
+    auto *parts = w<QTableWidget>("HFlg4");
+    ASSERT_GT(parts->rowCount(), 0);
+    focusIn(parts);
+    EXPECT_EQ(edit("txtBuhin")->text(), QString());
+    EXPECT_EQ(label("lblNum"), QString());
 }
 
 // ---- frmBuhin and frmNewMeka ------------------------------------------------------------
