@@ -9,6 +9,9 @@
 #include <QList>
 #include <QString>
 #include <functional>
+#include <optional>
+
+class QWidget;
 
 namespace est::ui { class WaitDialog; }
 namespace est::sheet { class FrmMitumori; }
@@ -46,6 +49,8 @@ struct AppContext
     QList<FlowStep> openEstimateSteps;
     // Opens a workbook in the spreadsheet program (start dialog's third choice).
     std::function<void()> openWorkbook;
+    // Runs the simple estimate over the work item editor: the priced job the user confirmed.
+    std::function<std::optional<SimpleEntry>(QWidget *parent)> simpleEstimate;
 };
 
 } // namespace est::app

@@ -15,6 +15,7 @@ void wireSubsystems(AppContext &context)
     wireReports(context);
     wirePrint(context);
     wireMasters(context);
+    wireSimple(context);
 }
 
 } // namespace est::app

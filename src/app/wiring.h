@@ -29,5 +29,7 @@ void wireReports(AppContext &context);
 void wirePrint(AppContext &context);
 // Master-data editors of the settings hub: frmBSetting, frmFukaSetting, frmKisoSetting, frmPaintName.
 void wireMasters(AppContext &context);
+// Simple estimate: the chain of its screens for the work item editor's 簡易見積.
+void wireSimple(AppContext &context);
 
 } // namespace est::app

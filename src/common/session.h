@@ -6,6 +6,7 @@
 #include "common/estimate_row.h"
 #include "common/money.h"
 #include "common/paint_state.h"
+#include "common/simple_state.h"
 
 #include <QList>
 #include <QString>
@@ -135,6 +136,9 @@ struct Session
     PaintState paint;
     BumperState bumper;
     AdditionalState additional;
+
+    // Simple estimate: work kind, vehicle classes and colour chosen last.
+    SimpleEstimateState simple;
 };
 
 } // namespace est

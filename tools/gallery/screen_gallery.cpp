@@ -17,6 +17,11 @@
 #include "indices/index_value.h"
 #include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
+#include "simple/car_drawing.h"
+#include "simple/dlg_car.h"
+#include "simple/dlg_s_select.h"
+#include "simple/easy_estimate_store.h"
+#include "simple/frm_kani.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -29,6 +34,7 @@
 #include <QSet>
 #include <QTimer>
 #include <QFont>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -200,6 +206,25 @@ void saveIndexScreens(const QString &folder, const QString &appFolder, est::Mess
     fuka.findChild<QLineEdit *>(QStringLiteral("txtSeelMai"))->setText(QStringLiteral("2"));
     fuka.findChild<QCheckBox *>(QStringLiteral("chkBooth"))->setChecked(true);
     save(&fuka, folder, fuka.objectName());
+// The simple estimate's screens, which the work item editor opens: the front door chosen on
+// the drawing and its first price row picked.
+void saveSimpleEstimate(est::Messages &messages, const QString &appFolder, const QString &folder)
+{
+    QString error;
+    const auto store = est::simple::EasyEstimateStore::open(appFolder, &error);
+    if (!store)
+        return;
+    const est::SimpleEstimateState state{1, 2, 1, 2};
+    est::simple::DlgSSelect kind(messages, store.get(), state.workKind);
+    save(&kind, folder, kind.objectName());
+    est::simple::DlgCar car(messages, *store, state);
+    save(&car, folder, car.objectName());
+    est::simple::FrmKani kani(messages, store.get(), state);
+    if (auto *drawing = kani.findChild<est::simple::CarDrawing *>())
+        Q_EMIT drawing->panelClicked(3);
+    if (auto *grid = kani.findChild<QTableWidget *>(QStringLiteral("DataGrid1")))
+        grid->selectRow(0);
+    save(&kani, folder, kani.objectName());
 }
 
 } // namespace
@@ -247,6 +272,7 @@ int main(int argc, char **argv)
         save(&prices, folder, QStringLiteral("dlgPriceImport"));
     }
     c.settings->hide();
+    saveSimpleEstimate(messages, appFolder.path(), folder);
     c.start->show();
     for (const char *name : {"cmdSin", "cmdHen", "cmdXls"})
         openAndSave(c.start->button(name), folder);
