@@ -13,6 +13,7 @@ void wireSubsystems(AppContext &context)
     wireIndices(context);
     wireReports(context);
     wirePrint(context);
+    wireMasters(context);
 }
 
 } // namespace est::app
