@@ -13,6 +13,7 @@ void wireSubsystems(AppContext &context)
     wirePaint(context);
     wireReports(context);
     wirePrint(context);
+    wireMasters(context);
 }
 
 } // namespace est::app

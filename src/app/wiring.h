@@ -24,5 +24,7 @@ void wirePaint(AppContext &context);
 void wireReports(AppContext &context);
 // Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
 void wirePrint(AppContext &context);
+// Master-data editors of the settings hub: frmBSetting, frmFukaSetting, frmKisoSetting, frmPaintName.
+void wireMasters(AppContext &context);
 
 } // namespace est::app
