@@ -15,7 +15,8 @@ bool looksLikeEscape(const QString &s, qsizetype i)
         return false;
     for (qsizetype k = i + 2; k < i + 6; ++k) {
         const QChar c = s.at(k);
-        if (!(c.isDigit() || (c >= QLatin1Char('a') && c <= QLatin1Char('f')) ||
+        // ASCII hexadecimal digits only: a full-width or other script's digit is text.
+        if (!((c >= QLatin1Char('0') && c <= QLatin1Char('9')) || (c >= QLatin1Char('a') && c <= QLatin1Char('f')) ||
               (c >= QLatin1Char('A') && c <= QLatin1Char('F'))))
             return false;
     }

@@ -90,23 +90,39 @@ QString describeError(const WorkbookError &error)
     return QString();
 }
 
+namespace {
+
+QByteArray buildEstimateWorkbook(std::unique_ptr<Workbook> book, const Session &session, const SaveFault &fault)
+{
+    writeEstimate(*book, session);
+    fitPrintSheets(*book, session);
+    // A template saved by a spreadsheet program keeps the results of its last
+    // calculation; without them the print sheets show this estimate's values.
+    book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});
+    return book->toBytes(fault);
+}
+
+} // namespace
+
+QByteArray estimateWorkbookBytes(const QByteArray &templateBytes, const Session &session, const SaveFault &fault)
+{
+    return buildEstimateWorkbook(Workbook::fromBytes(templateBytes), session, fault);
+}
+
 void writeEstimateWorkbook(const QString &templateFile, const Session &session, const QString &target,
                            const SaveFault &fault, bool *templateBroken)
 {
-    std::unique_ptr<Workbook> book;
+    QByteArray bytes;
     try {
-        book = Workbook::open(templateFile);
-        writeEstimate(*book, session);
-        fitPrintSheets(*book, session);
-        // A template saved by a spreadsheet program keeps the results of its last
-        // calculation; without them the print sheets show this estimate's values.
-        book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});
-    } catch (const WorkbookError &) {
-        if (templateBroken)
+        // Everything that reads the template happens before anything is written, so a broken
+        // template (an unreadable part among those copied as they are, too) writes nothing.
+        bytes = buildEstimateWorkbook(Workbook::open(templateFile), session, fault);
+    } catch (const WorkbookError &e) {
+        if (templateBroken && e.kind() != ErrorKind::WriteFailed)
             *templateBroken = true;
         throw;
     }
-    book->save(target, fault);
+    replaceFileAtomically(target, bytes, fault);
 }
 
 bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &appFolder, const SaveHooks &hooks)

@@ -33,6 +33,10 @@ bool ensureTemplate(const QString &appFolder, QString *error = nullptr);
 // Why a workbook could not be written or read, for the user.
 QString describeError(const WorkbookError &error);
 
+// The workbook of the estimate made from the template's bytes, as a save writes it. Throws
+// WorkbookError; any failure but WriteFailed is the template's.
+QByteArray estimateWorkbookBytes(const QByteArray &templateBytes, const Session &session, const SaveFault &fault = {});
+
 // Writes the estimate into a workbook made from the template and saves it at the target
 // (atomically). Throws WorkbookError; `templateBroken` tells whether the template was at fault.
 void writeEstimateWorkbook(const QString &templateFile, const Session &session, const QString &target,

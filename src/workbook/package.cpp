@@ -305,6 +305,26 @@ void Workbook::Impl::prepareForSave()
     }
 }
 
+void Workbook::Impl::verifyCopiedPart(const Entry &entry) const
+{
+    zip_file_t *file = zip_fopen_index(archive, entry.index, 0);
+    if (!file)
+        fail(ErrorKind::Damaged, QStringLiteral("%1: %2").arg(entry.name, QString::fromUtf8(zip_strerror(archive))));
+    char buffer[64 * 1024];
+    zip_int64_t n = 0;
+    while ((n = zip_fread(file, buffer, sizeof buffer)) > 0) {
+        inflatedBytes += n;
+        if (inflatedBytes > limits.maxInflatedBytes) {
+            zip_fclose(file);
+            fail(ErrorKind::TooLarge, QStringLiteral("%1: more than %2 bytes inflated in all").arg(entry.name).arg(limits.maxInflatedBytes));
+        }
+    }
+    const QString error = QString::fromUtf8(zip_file_strerror(file));
+    zip_fclose(file);
+    if (n < 0)
+        fail(ErrorKind::Damaged, QStringLiteral("%1: %2").arg(entry.name, error));
+}
+
 QByteArray Workbook::Impl::build(const SaveFault &fault)
 {
     auto check = [&](SaveStep step, const QString &part) {
@@ -341,7 +361,8 @@ QByteArray Workbook::Impl::build(const SaveFault &fault)
                 // The hash keeps the bytes alive until the archive is closed.
                 data = zip_source_buffer(target, newContent->constData(), zip_uint64_t(newContent->size()), 0);
             } else {
-                // Copied as it is, without inflating and deflating again.
+                // Copied as it is, without deflating again, once it is known to be intact.
+                verifyCopiedPart(entry);
                 data = zip_source_zip(target, archive, entry.index, ZIP_FL_COMPRESSED, 0, 0);
             }
             if (!data)

@@ -83,6 +83,9 @@ struct Workbook::Impl
     void openPackage();
     void loadSharedStrings();
     void loadStyles();
+    // Inflates a part that is copied as it is, to its end, so that a damaged one (a wrong
+    // checksum, broken compressed data) is refused rather than copied into the new file.
+    void verifyCopiedPart(const Entry &entry) const;
     void prepareForSave();
     QByteArray build(const SaveFault &fault);
 };

@@ -3,9 +3,14 @@
 
 #include "package_builder.h"
 #include "sample_estimate.h"
+#include "scripted_messages.h"
+#include "temp_app_folder.h"
 #include "workbook/estimate_files.h"
 #include "workbook/estimate_layout.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -119,4 +124,121 @@ TEST(Bounds, TheParsedTotalIsWhatIsLimited)
     Limits inflated;
     inflated.maxInflatedBytes = 64 * 1024;
     EXPECT_EQ(readError(estimateBytes(), inflated), ErrorKind::TooLarge);
+}
+
+// ---- shapes built to freeze or exhaust the reader -------------------------------------------
+
+namespace {
+
+// A workbook another program could have written: sheet "D" with `upper` + 1 rows whose amount
+// cells, and the non-taxable amounts, all show shared string 0.
+QByteArray sharedStringEverywhere(const QByteArray &sharedString, int upper)
+{
+    QByteArray d = "<row r=\"2\"><c r=\"A2\"><v>" + QByteArray::number(upper) + "</v></c></row>";
+    for (int r = 6; r <= 6 + upper; ++r) {
+        const QByteArray n = QByteArray::number(r);
+        d += "<row r=\"" + n + "\">";
+        for (const char *column : {"F", "G", "H", "J"})
+            d += "<c r=\"" + QByteArray(column) + n + "\" t=\"s\"><v>0</v></c>";
+        if (r == 8)
+            d += "<c r=\"L8\"><v>98</v></c><c r=\"N8\" t=\"s\"><v>0</v></c>";
+        if (r >= 10)
+            d += "<c r=\"N" + n + "\" t=\"s\"><v>0</v></c>";
+        d += "</row>";
+    }
+    const QByteArray strings = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><sst xmlns=\"http://schemas.openxmlformats.org/"
+                               "spreadsheetml/2006/main\"><si><t xml:space=\"preserve\">" +
+                               sharedString + "</t></si></sst>";
+    test::Parts parts = test::minimalWorkbook({{QStringLiteral("D"), d}, {QStringLiteral("P"), ""}}, strings);
+    parts.append({QStringLiteral("xl/sharedStrings.xml"), strings});
+    return test::zipParts(parts);
+}
+
+} // namespace
+
+// One long shared string in every amount cell: each cell's number is read from a bounded
+// text, so a text longer than any number stays text (blanks and all) instead of costing a
+// pass over the whole string per cell.
+TEST(HostileShapes, ALongSharedStringInThousandsOfCellsIsNotReadAsANumber)
+{
+    const QByteArray longNumber = QByteArray(1024 * 1024, ' ') + "1000";
+    auto book = Workbook::fromBytes(sharedStringEverywhere(longNumber, 393));
+    Session session;
+    readEstimate(*book, session);
+    ASSERT_EQ(session.rows.size(), 394);
+    EXPECT_EQ(session.rows.at(393)[ColLabour].size(), longNumber.size());
+    EXPECT_EQ(session.nonTaxable.amounts.size(), 99);
+    EXPECT_EQ(session.nonTaxable.amounts.at(98), 0);
+    EXPECT_EQ(numberInText(QString::fromLatin1(longNumber)), std::nullopt);
+    EXPECT_EQ(numberInText(QStringLiteral(" 1,000 ")), 1000.0);
+}
+
+// libzip looks for the end-of-directory record from the end of the file and reads the whole
+// directory again for every candidate: thousands of them are refused before libzip sees them.
+TEST(HostileShapes, ThousandsOfEndRecordsAreRefusedAsDamaged)
+{
+    const QByteArray zip = estimateBytes();
+    const QByteArray endRecord = zip.right(22);
+    ASSERT_TRUE(endRecord.startsWith("PK\x05\x06"));
+    for (int copies : {1, 2000}) {
+        const QByteArray bytes = zip + endRecord.repeated(copies);
+        EXPECT_EQ(readError(bytes), ErrorKind::Damaged) << copies;
+    }
+    // Entries that share their data (a zip bomb of overlapping files) are refused as well.
+    QByteArray overlapping = zip;
+    const qsizetype directory = overlapping.indexOf("PK\x01\x02");
+    const qsizetype second = overlapping.indexOf("PK\x01\x02", directory + 4);
+    overlapping.replace(second + 42, 4, overlapping.mid(directory + 42, 4));
+    EXPECT_EQ(readError(overlapping), ErrorKind::Damaged);
+}
+
+// Many sheets on one part would parse and keep that part once per sheet: refused at once, on
+// opening and as a template (nothing is written then).
+TEST(HostileShapes, SheetsSharingOnePartAreRefused)
+{
+    test::Parts parts = test::unzipParts(estimateBytes());
+    for (auto &[name, data] : parts) {
+        if (name != QLatin1String("xl/workbook.xml"))
+            continue;
+        QByteArray sheets;
+        const QByteArray sheetD = data.mid(data.indexOf("<sheet name=\"D\""));
+        const QByteArray element = sheetD.left(sheetD.indexOf("/>") + 2);
+        for (int i = 0; i < 5000; ++i)
+            sheets += QByteArray(element).replace("name=\"D\"", "name=\"D" + QByteArray::number(i) + "\"");
+        data.insert(data.indexOf("</sheets>"), sheets);
+    }
+    const QByteArray bytes = test::zipParts(parts);
+    EXPECT_EQ(readError(bytes), ErrorKind::Damaged);
+
+    test::TempAppFolder folder;
+    QDir().mkpath(QFileInfo(templatePath(folder.path())).absolutePath());
+    QFile templ(templatePath(folder.path()));
+    ASSERT_TRUE(templ.open(QIODevice::WriteOnly));
+    templ.write(bytes);
+    templ.close();
+    Session s = test::fullEstimate(4);
+    s.fileName = QStringLiteral("240105共有.xlsx");
+    test::ScriptedMessages messages;
+    EXPECT_FALSE(saveEstimateWorkbook(s, messages, folder.path()));
+    EXPECT_TRUE(messages.lastText().contains(QStringLiteral("見積書のひな形"))) << messages.lastText().toStdString();
+    EXPECT_EQ(QDir(estimatesFolder(folder.path())).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+// Only ASCII hexadecimal digits make an "_xHHHH_" escape; anything else is text as it stands.
+TEST(HostileShapes, OnlyAsciiHexDigitsFormAnEscape)
+{
+    const QByteArray d = "<row r=\"1\"><c r=\"A1\" t=\"inlineStr\"><is><t>山田_x００４１_様</t></is></c>"
+                         "<c r=\"B1\" t=\"inlineStr\"><is><t>山田_x0041_様</t></is></c>"
+                         "<c r=\"C1\" t=\"inlineStr\"><is><t>_x٠٠٤١_</t></is></c></row>";
+    auto book = Workbook::fromBytes(test::zipParts(test::minimalWorkbook({{QStringLiteral("D"), d}})));
+    Worksheet *sheet = book->sheet(QStringLiteral("D"));
+    EXPECT_EQ(cellText(sheet->value(1, 1)), QStringLiteral("山田_x００４１_様"));
+    EXPECT_EQ(cellText(sheet->value(1, 2)), QStringLiteral("山田A様"));
+    EXPECT_EQ(cellText(sheet->value(1, 3)), QStringLiteral("_x٠٠٤١_"));
+    // Written and read back by the program, every such text stays as it was typed.
+    for (const QString &text : {QStringLiteral("山田_x００４１_様"), QStringLiteral("_x0041_"), QStringLiteral("a\x01b")}) {
+        sheet->setText(2, 1, text);
+        auto again = Workbook::fromBytes(book->toBytes());
+        EXPECT_EQ(cellText(again->sheet(QStringLiteral("D"))->value(2, 1)), text);
+    }
 }
