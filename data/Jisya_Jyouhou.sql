@@ -22,3 +22,14 @@ INSERT INTO "Jisya_Jyouhou" ("JNo", "Coment", "Jisyamei", "JJyusyo", "JTEL", "JF
     (1, '車検・鈑金塗装・各種保険取扱', '有限会社 みどり台オートボディ', '〒000-0000 若葉県みどり台市東町2丁目14番3号',
      '000-111-2222', '000-111-3333', 'みどり台信用金庫', '東町支店', '普通', 12, '1234567', 10,
      'ﾕ) ﾐﾄﾞﾘﾀﾞｲｵｰﾄﾎﾞﾃﾞｲ', 1);
+
+-- Printed beside the company record: the invoice registration number ("T" and 13 digits,
+-- left empty here: the shop enters its own), whether estimates show it, the representative.
+CREATE TABLE "Jisya_Tuika" (
+    "JNo" INTEGER PRIMARY KEY,
+    "TourokuNo" TEXT,
+    "MitumoriPrint" INTEGER NOT NULL DEFAULT 0,
+    "Daihyousya" TEXT
+);
+INSERT INTO "Jisya_Tuika" ("JNo", "TourokuNo", "MitumoriPrint", "Daihyousya") VALUES
+    (1, '', 0, '代表取締役　緑川 健一');

@@ -12,6 +12,7 @@ void wireSubsystems(AppContext &context)
     wireCustomers(context);
     wireReports(context);
     wirePrint(context);
+    wireMasters(context);
     wireSimple(context);
 }
 

@@ -22,6 +22,8 @@ void wireCustomers(AppContext &context);
 void wireReports(AppContext &context);
 // Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
 void wirePrint(AppContext &context);
+// Master-data editors of the settings hub: frmBSetting, frmFukaSetting, frmKisoSetting, frmPaintName.
+void wireMasters(AppContext &context);
 // Simple estimate: the chain of its screens for the work item editor's 簡易見積.
 void wireSimple(AppContext &context);
 

@@ -142,19 +142,22 @@ QList<DetailTable> detailTables(const Session &s)
     bumper.rows.append({QStringLiteral("バンパー塗装"), yen(s.totals.bumperPaint)});
     tables.append(bumper);
 
+    // Label, choice, index, amount; the two-tone item (the first) has a second choice
+    // before its index.
     DetailTable extra{QStringLiteral("付加指数"),
-                      {QStringLiteral("項目"), QStringLiteral("内容"), QStringLiteral("　"), QStringLiteral("　"),
-                       QStringLiteral("　")},
-                      {}};
-    for (const auto &item : s.additional.items) {
-        QStringList row;
-        for (const QString &t : item)
-            row.append(t);
+                      {QStringLiteral("項目"), QStringLiteral("内容"), QStringLiteral("指数"), QStringLiteral("金額")},
+                      {},
+                      2};
+    for (size_t i = 0; i < s.additional.items.size(); ++i) {
+        const auto &item = s.additional.items[i];
+        const bool twoTone = i == 0;
+        const QString choice = twoTone ? QStringList{item[1], item[2]}.join(QStringLiteral("　")).trimmed() : item[1];
+        const QStringList row{item[0], choice, item[twoTone ? 3 : 2], item[twoTone ? 4 : 3]};
         if (!nonEmpty(row).isEmpty())
             extra.rows.append(row);
     }
     if (extra.rows.isEmpty())
-        extra.rows.append({QStringLiteral("（なし）"), QString(), QString(), QString(), QString()});
+        extra.rows.append({QStringLiteral("（なし）"), QString(), QString(), QString()});
     tables.append(extra);
     return tables;
 }

@@ -35,6 +35,7 @@ struct DetailTable
     QString title;
     QStringList headers;
     QList<QStringList> rows;
+    int firstNumberColumn = -1;   // columns from here on hold numbers (right-aligned)
 };
 
 struct PrintDocument

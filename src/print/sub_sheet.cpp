@@ -65,11 +65,11 @@ public:
                 break;
             case Item::Header:
                 c.fill(kMargin, y, kContentWidth, kRow, QColor(232, 232, 232));
-                drawCells(c, y, widths, table.headers, true);
+                drawCells(c, y, widths, table.headers, true, -1);
                 y += kRow;
                 break;
             case Item::Row:
-                drawCells(c, y, widths, table.rows.at(item.row), false);
+                drawCells(c, y, widths, table.rows.at(item.row), false, table.firstNumberColumn);
                 y += kRow;
                 break;
             }
@@ -89,13 +89,18 @@ private:
         return widths;
     }
 
-    void drawCells(Canvas &c, double y, const QList<double> &widths, const QStringList &cells, bool header) const
+    void drawCells(Canvas &c, double y, const QList<double> &widths, const QStringList &cells, bool header,
+                   int firstNumberColumn) const
     {
         double x = kMargin;
         const QFont f = c.font(8.5, header);
         for (int i = 0; i < widths.size(); ++i) {
             const QString text = i < cells.size() ? cells.at(i) : QString();
-            c.text(x, y, widths.at(i), kRow, text, f, header ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+            const Qt::Alignment align = header ? Qt::AlignCenter
+                                        : firstNumberColumn >= 0 && i >= firstNumberColumn
+                                            ? Qt::AlignRight | Qt::AlignVCenter
+                                            : Qt::AlignLeft | Qt::AlignVCenter;
+            c.text(x, y, widths.at(i), kRow, text, f, align);
             c.box(x, y, widths.at(i), kRow, 0.15);
             x += widths.at(i);
         }

@@ -19,7 +19,7 @@ namespace {
 constexpr int kFirstEstimateRow = 6;
 constexpr int kFirstPaintRow = 18;
 constexpr int kPaintRowsShown = 73;
-constexpr int kNonTaxableShown = 10;
+constexpr int kNonTaxableShown = 99;   // all the items the shop's list can hold
 
 std::string col(int zeroBased)
 {
@@ -98,13 +98,21 @@ void label(lxw_worksheet *ws, int row, int column, const char *text, lxw_format 
     worksheet_write_string(ws, lxw_row_t(row), lxw_col_t(column), text, format);
 }
 
-// The amounts below the rows, computed from "D" and "P" the way the estimate sheet does:
-// A + B, discount, consumption tax rounded half to even, non-taxable items, advance.
-// Returns the cell that holds the amount to be paid.
-std::string writeTotals(lxw_worksheet *ws, int top, int labelColumn, const Formats &f)
+// Half to even, as the estimate sheet rounds amounts (CLng).
+std::string halfEven(const std::string &x)
 {
-    const int v = labelColumn + 2;
-    const std::string vc = col(v);
+    return "IF(ABS((" + x + ")-INT(" + x + "))=0.5,2*ROUND((" + x + ")/2,0),ROUND(" + x + ",0))";
+}
+
+// The amounts below the rows, computed from "D" and "P" by the estimate sheet's rules: A + B,
+// the discount (the amount as shown, rounded half to even), the total after it, tax on that
+// total (on A + B when there is no discount or the total after it is zero, which the sheet
+// shows as empty), rounded half to even, non-taxable items, advance.
+// Captions fill the two columns left of `valueColumn`. Returns the cell of the amount due.
+std::string writeTotals(lxw_worksheet *ws, int top, int valueColumn, const Formats &f)
+{
+    const int labelColumn = valueColumn - 2;
+    const std::string vc = col(valueColumn);
     auto at = [&](int i) { return vc + std::to_string(top + i + 1); };
     struct Line
     {
@@ -113,7 +121,8 @@ std::string writeTotals(lxw_worksheet *ws, int top, int labelColumn, const Forma
     };
     const std::string gokei = at(7), discount = at(9), after = at(10), tax = at(11), withTax = at(12),
                       nonTaxable = at(13), grand = at(14), advance = at(15);
-    const std::string base = "IF(D!N2=\"\"," + gokei + "," + after + ")";
+    const std::string noDiscount = "TRIM(D!N2)=\"\"";
+    const std::string base = "IF(OR(" + noDiscount + "," + gokei + "-" + discount + "=0)," + gokei + "," + after + ")";
     const std::string n = "(D!K2*" + base + ")";
     const Line lines[] = {
         {"工賃計", "=D!B2"},
@@ -125,8 +134,8 @@ std::string writeTotals(lxw_worksheet *ws, int top, int labelColumn, const Forma
         {"塗装計(B)", "=D!D2"},
         {"合計金額(A+B)", "=D!M1+D!D2"},
         {"値引率(%)", "=IF(D!J2>0,D!J2,\"\")"},
-        {"値引き金額", "=IFERROR(VALUE(SUBSTITUTE(D!N2,\",\",\"\")),0)"},
-        {"値引後金額", "=IF(D!N2=\"\",\"\"," + gokei + "-" + discount + ")"},
+        {"値引き金額", "=IF(" + noDiscount + ",0," + halfEven("IFERROR(VALUE(SUBSTITUTE(D!N2,\",\",\"\")),0)") + ")"},
+        {"値引後金額", "=IF(" + noDiscount + ",\"\"," + gokei + "-" + discount + ")"},
         {"消費税", "=IF(MOD(" + n + ",100)=50,(" + n + "-50)/100+MOD((" + n + "-50)/100,2),ROUND(" + n +
                        "/100,0))"},
         {"税込金額", "=" + base + "+" + tax},
@@ -139,10 +148,10 @@ std::string writeTotals(lxw_worksheet *ws, int top, int labelColumn, const Forma
     for (const Line &line : lines) {
         worksheet_merge_range(ws, lxw_row_t(top + i), lxw_col_t(labelColumn), lxw_row_t(top + i),
                               lxw_col_t(labelColumn + 1), line.caption, f.textBox);
-        formula(ws, top + i, v, line.formula, f.amountBox);
+        formula(ws, top + i, valueColumn, line.formula, f.amountBox);
         ++i;
     }
-    formula(ws, top + 11, labelColumn + 3, "=\"(\"&D!K2&\"%)\"", f.small);
+    formula(ws, top + 11, labelColumn, "=\"消費税(\"&D!K2&\"%)\"", f.textBox);
     return at(16);
 }
 
@@ -159,7 +168,8 @@ void writeMainSheet(lxw_worksheet *ws, const Formats &f, bool layoutB)
     worksheet_set_paper(ws, 9);   // A4
     worksheet_set_margins(ws, 0.4, 0.4, 0.5, 0.5);
     worksheet_fit_to_pages(ws, 1, 0);
-    const double widths[] = {4, 9, 26, 16, 8, 6, 9, 9, 5, 10};
+    // Amount columns hold ¥99,999,999 (a number too wide for its column shows as "###").
+    const double widths[] = {4, 9, 26, 16, 8, 7, 12, 12, 6, 12};
     // Columns of sheet "D" shown, in order.
     std::vector<int> source = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
     const char *headers[] = {"No", "部 位", "作 業 部 位", "部 品 番 号", "作 業", "指数", "工 賃", "部品単価",
@@ -193,19 +203,28 @@ void writeMainSheet(lxw_worksheet *ws, const Formats &f, bool layoutB)
     for (int i = 0; i < 6; ++i)
         formula(ws, companyTop + i, companyColumn, company[i], i == 1 ? f.label : f.text);
 
-    // Vehicle.
+    // Vehicle: three caption and value pairs a row, each over columns wide enough for it.
+    struct Pair
+    {
+        int captionFirst, captionLast, valueFirst, valueLast;
+    };
+    const Pair pairsA[] = {{0, 1, 2, 2}, {3, 3, 4, 5}, {6, 6, 7, 9}};
+    const Pair pairsB[] = {{0, 1, 2, 2}, {3, 4, 5, 5}, {6, 6, 7, 8}};
+    const Pair *pairs = layoutB ? pairsB : pairsA;
     const int vehicleTop = 9;
     const std::pair<const char *, const char *> vehicle[] = {
         {"車名", "D!F1"},     {"登録番号", "D!J1"}, {"型式", "D!K1"},     {"車台番号", "D!G1"}, {"初度登録", "D!H1"},
         {"走行距離", "D!I1"}, {"カラー", "D!Q1"},   {"類別", "D!N1"},     {"エンジン", "D!S1"},
     };
     for (int i = 0; i < 9; ++i) {
-        const int row = vehicleTop + i / 3;
-        const int column = (i % 3) * 3;
-        if (column + 1 > lastColumn)
-            continue;
-        label(ws, row, column, vehicle[i].first, f.label);
-        formula(ws, row, column + 1, textOf(vehicle[i].second), f.text);
+        const auto row = lxw_row_t(vehicleTop + i / 3);
+        const Pair &p = pairs[i % 3];
+        if (p.captionFirst != p.captionLast)
+            worksheet_merge_range(ws, row, lxw_col_t(p.captionFirst), row, lxw_col_t(p.captionLast), "", f.label);
+        label(ws, int(row), p.captionFirst, vehicle[i].first, f.label);
+        if (p.valueFirst != p.valueLast)
+            worksheet_merge_range(ws, row, lxw_col_t(p.valueFirst), row, lxw_col_t(p.valueLast), "", f.text);
+        formula(ws, int(row), p.valueFirst, textOf(vehicle[i].second), f.text);
     }
     formula(ws, 12, 0, "=\"備考：\"&D!L2", f.text);
 
@@ -223,23 +242,24 @@ void writeMainSheet(lxw_worksheet *ws, const Formats &f, bool layoutB)
         }
     }
     const int totalsTop = headerRow + 2 + kMaxEstimateRows;
-    const std::string due = writeTotals(ws, totalsTop, lastColumn - 3, f);
+    const std::string due = writeTotals(ws, totalsTop, lastColumn, f);
     formula(ws, 7, 2, "=" + due, f.bigAmount);
 
-    // Non-taxable items.
+    // Non-taxable items, beside the totals (saving hides the rows of items the estimate lacks).
+    const int amountColumn = lastColumn - 3;
     label(ws, totalsTop, 0, "非課税項目", f.label);
     for (int i = 0; i < kNonTaxableShown; ++i) {
         formula(ws, totalsTop + 1 + i, 1, textOf(ref("D", 12, 10 + i)), f.text);
-        formula(ws, totalsTop + 1 + i, 3, textOf(ref("D", 13, 10 + i)), f.amount);
+        formula(ws, totalsTop + 1 + i, amountColumn, textOf(ref("D", 13, 10 + i)), f.amount);
     }
-    formula(ws, totalsTop + 18, 0, "=\"ご査収のほどよろしくお願いいたします。\"", f.text);
+    formula(ws, totalsTop + 2 + kNonTaxableShown, 0, "=\"ご査収のほどよろしくお願いいたします。\"", f.text);
 }
 
 void writePaintSheet(lxw_worksheet *ws, const Formats &f, bool layoutB)
 {
     worksheet_set_paper(ws, 9);
     worksheet_fit_to_pages(ws, 1, 0);
-    const double widths[] = {4, 9, 30, 8, 8, 6, 9, 9, 9, 9, 6};
+    const double widths[] = {4, 9, 30, 8, 8, 7, 12, 12, 12, 9, 6};
     for (int c = 0; c < 11; ++c)
         worksheet_set_column(ws, lxw_col_t(c), lxw_col_t(c), widths[c], nullptr);
     worksheet_merge_range(ws, 0, 0, 0, 9, "－　塗　装　内　容　－", f.title);

@@ -4,6 +4,7 @@
 #include "workbook/atomic_file.h"
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/print_fit.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -96,6 +97,7 @@ void writeEstimateWorkbook(const QString &templateFile, const Session &session, 
     try {
         book = Workbook::open(templateFile);
         writeEstimate(*book, session);
+        fitPrintSheets(*book, session);
         // A template saved by a spreadsheet program keeps the results of its last
         // calculation; without them the print sheets show this estimate's values.
         book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});

@@ -51,9 +51,9 @@ namespace {
 
 enum Col { A = 1, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S };
 
-constexpr int kFirstRow = 6;
-constexpr int kFirstNonTaxable = 10;
-constexpr int kFirstPaintRow = 18;
+constexpr int kFirstRow = kFirstEstimateRowOnD;
+constexpr int kFirstNonTaxable = kFirstNonTaxableRowOnD;
+constexpr int kFirstPaintRow = kFirstPaintRowOnP;
 
 const QString kHonorificCompany = QStringLiteral("御中");
 const QString kHonorificPerson = QStringLiteral("様");

@@ -9,6 +9,12 @@
 
 namespace est::workbook {
 
+// The first worksheet row of each table on the data sheets: the rows on "D" (columns A to K),
+// the non-taxable items on "D" (columns L to N), the paint rows on "P" (columns A to K).
+inline constexpr int kFirstEstimateRowOnD = 6;
+inline constexpr int kFirstNonTaxableRowOnD = 10;
+inline constexpr int kFirstPaintRowOnP = 18;
+
 // Upper bounds a workbook must respect to be read (anything beyond is refused).
 inline constexpr int kMaxNonTaxableItems = 999;
 inline constexpr int kMaxPaintRows = kMaxEstimateRows;

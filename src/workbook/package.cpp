@@ -211,6 +211,7 @@ void Workbook::Impl::openPackage()
         const auto target = targets.value(id);
         SheetInfo info;
         info.name = QString::fromUtf8(s.attribute("name").value());
+        info.node = s;
         if (target.first.endsWith(QLatin1String("/worksheet")))
             info.part = target.second;
         if (!info.part.isEmpty() && !sheetParts.insert(info.part.toLower()).second)

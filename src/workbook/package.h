@@ -45,6 +45,7 @@ struct Workbook::Impl
     {
         QString name;
         QString part;   // empty for sheets that are not worksheets
+        pugi::xml_node node;   // its <sheet> element in the workbook part
         std::unique_ptr<Worksheet> sheet;
     };
     std::vector<SheetInfo> sheets;
@@ -71,6 +72,10 @@ struct Workbook::Impl
     // parsed once at most, so one that is asked for twice (two sheets on one part) is Damaged.
     void loadXml(pugi::xml_document &doc, const QString &part, const QByteArray &readBytes = {});
     void admitParse(const QString &part, const QByteArray &bytes);
+    SheetInfo *sheetInfo(const QString &name);
+    const SheetInfo *sheetInfo(const QString &name) const;
+    // The workbook's print-area name of the sheet at that position (created when asked to).
+    pugi::xml_node printAreaName(int sheetIndex, bool create);
     // The worksheet object of a sheet, parsed on first use (from its bytes when already read).
     Worksheet *worksheet(SheetInfo &info, const QByteArray &readBytes = {});
     void loadContentTypes();

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <string_view>
+
 namespace est::workbook {
 
 using namespace detail;
@@ -91,6 +93,98 @@ void Workbook::clearFormulaResults(const QStringList &exceptSheets)
         }
         d->worksheet(info, text)->clearFormulaResults();
     }
+}
+
+Workbook::Impl::SheetInfo *Workbook::Impl::sheetInfo(const QString &name)
+{
+    for (SheetInfo &info : sheets)
+        if (info.name == name)
+            return &info;
+    return nullptr;
+}
+
+const Workbook::Impl::SheetInfo *Workbook::Impl::sheetInfo(const QString &name) const
+{
+    return const_cast<Impl *>(this)->sheetInfo(name);
+}
+
+void Workbook::setSheetHidden(const QString &name, bool hidden)
+{
+    Impl::SheetInfo *info = d->sheetInfo(name);
+    if (!info)
+        return;
+    pugi::xml_node node = info->node;
+    node.remove_attribute("state");
+    if (hidden)
+        node.append_attribute("state") = "hidden";
+}
+
+bool Workbook::sheetHidden(const QString &name) const
+{
+    const Impl::SheetInfo *info = d->sheetInfo(name);
+    return info && std::string_view(info->node.attribute("state").value()) != "" &&
+           std::string_view(info->node.attribute("state").value()) != "visible";
+}
+
+pugi::xml_node Workbook::Impl::printAreaName(int sheetIndex, bool create)
+{
+    pugi::xml_node root = workbookDoc.document_element();
+    pugi::xml_node names = childElement(root, "definedNames");
+    for (pugi::xml_node n = names.first_child(); n; n = n.next_sibling())
+        if (isElement(n, "definedName") && std::string_view(n.attribute("name").value()) == "_xlnm.Print_Area" &&
+            n.attribute("localSheetId") && n.attribute("localSheetId").as_int(-1) == sheetIndex)
+            return n;
+    if (!create)
+        return {};
+    const std::string prefix = prefixOf(root);
+    if (!names) {
+        // definedNames follows sheets (and the function groups and external references).
+        pugi::xml_node after = childElement(root, "sheets");
+        for (const char *name : {"functionGroups", "externalReferences"})
+            if (pugi::xml_node n = childElement(root, name))
+                after = n;
+        names = root.insert_child_after((prefix + "definedNames").c_str(), after);
+    }
+    pugi::xml_node name = names.append_child((prefix + "definedName").c_str());
+    name.append_attribute("name") = "_xlnm.Print_Area";
+    name.append_attribute("localSheetId") = sheetIndex;
+    return name;
+}
+
+namespace {
+int indexOfSheet(const std::vector<Workbook::Impl::SheetInfo> &sheets, const QString &name)
+{
+    for (size_t i = 0; i < sheets.size(); ++i)
+        if (sheets[i].name == name)
+            return int(i);
+    return -1;
+}
+
+QString quotedSheetName(const QString &name)
+{
+    QString quoted = name;
+    return QLatin1Char('\'') + quoted.replace(QLatin1Char('\''), QStringLiteral("''")) + QLatin1Char('\'');
+}
+} // namespace
+
+QString Workbook::printArea(const QString &sheetName) const
+{
+    const int index = indexOfSheet(d->sheets, sheetName);
+    if (index < 0)
+        return {};
+    const pugi::xml_node name = d->printAreaName(index, false);
+    const QString text = QString::fromUtf8(name.text().get());
+    const qsizetype bang = text.lastIndexOf(QLatin1Char('!'));
+    return bang < 0 ? text : text.mid(bang + 1);
+}
+
+void Workbook::setPrintArea(const QString &sheetName, const QString &range)
+{
+    const int index = indexOfSheet(d->sheets, sheetName);
+    if (index < 0)
+        return;
+    pugi::xml_node name = d->printAreaName(index, true);
+    name.text().set((quotedSheetName(sheetName) + QLatin1Char('!') + range).toUtf8().constData());
 }
 
 QByteArray Workbook::toBytes(const SaveFault &fault)

@@ -20,7 +20,9 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 #include <variant>
+#include <vector>
 
 namespace est::workbook {
 
@@ -112,6 +114,14 @@ public:
     // The cell's number format code ("General" when it has none).
     QString numberFormat(int row, int column) const;
 
+    // The formula cells of the sheet in address order: (row, formula text without "=").
+    std::vector<std::pair<int, QString>> formulas() const;
+    // Hides or shows a row that has cells or formats (a row the sheet does not have is left alone).
+    void setRowHidden(int row, bool hidden);
+    bool rowHidden(int row) const;
+    // The used range, from A1 to the last row and column that have cells ("A1" when empty).
+    QByteArray usedRange() const;
+
     // Drops the cached results of the sheet's formulas, so that every spreadsheet program
     // computes them when it opens the workbook (some trust cached results over a request
     // to recalculate).
@@ -142,6 +152,13 @@ public:
     // formulas are computed afresh when the workbook is opened. Sheets whose formulas carry
     // no results are left as they are (and stay byte-identical).
     void clearFormulaResults(const QStringList &exceptSheets = {});
+
+    // Hides a sheet from view and from printing the whole workbook, or shows it again.
+    void setSheetHidden(const QString &name, bool hidden);
+    bool sheetHidden(const QString &name) const;
+    // The print area of a sheet ("$A$1:$J$40" or empty when it has none), and setting it.
+    QString printArea(const QString &sheetName) const;
+    void setPrintArea(const QString &sheetName, const QString &range);
 
     // The package as it would be saved.
     QByteArray toBytes(const SaveFault &fault = {});

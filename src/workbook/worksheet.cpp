@@ -236,6 +236,57 @@ QString Worksheet::numberFormat(int row, int column) const
     return d->book->styles.formatOfXf(node ? node.attribute("s").as_int(0) : 0);
 }
 
+std::vector<std::pair<int, QString>> Worksheet::formulas() const
+{
+    std::vector<std::pair<int, QString>> out;
+    for (const Impl::RowEntry &r : d->rows)
+        for (const Impl::CellEntry &c : r.cells)
+            if (const pugi::xml_node f = childElement(c.node, "f"))
+                out.emplace_back(r.row, QString::fromUtf8(f.text().get()));
+    return out;
+}
+
+namespace {
+template<typename Rows>
+auto findRow(Rows &rows, int row)
+{
+    const auto r = std::lower_bound(rows.begin(), rows.end(), row, [](const auto &e, int value) { return e.row < value; });
+    return r != rows.end() && r->row == row ? r : rows.end();
+}
+} // namespace
+
+void Worksheet::setRowHidden(int row, bool hidden)
+{
+    const auto r = findRow(d->rows, row);
+    if (r == d->rows.end() || rowHidden(row) == hidden)
+        return;
+    r->node.remove_attribute("hidden");
+    if (hidden)
+        r->node.append_attribute("hidden") = "1";
+    d->dirty = true;
+}
+
+bool Worksheet::rowHidden(int row) const
+{
+    const auto r = findRow(d->rows, row);
+    if (r == d->rows.end())
+        return false;
+    const std::string_view value = r->node.attribute("hidden").value();
+    return value == "1" || value == "true";
+}
+
+QByteArray Worksheet::usedRange() const
+{
+    int bottom = 0, right = 0;
+    for (const Impl::RowEntry &r : d->rows) {
+        if (r.cells.empty())
+            continue;
+        bottom = r.row;
+        right = std::max(right, r.cells.back().column);
+    }
+    return bottom ? QByteArray("A1:") + cellAddress(bottom, right) : QByteArray("A1");
+}
+
 void Worksheet::clearFormulaResults()
 {
     for (const Impl::RowEntry &r : d->rows) {

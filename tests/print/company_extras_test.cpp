@@ -55,7 +55,9 @@ TEST(CompanyExtrasStore, KeepsTheNumberBesideTheCompanyTableWithoutChangingIt)
     const int before = columns.record().count();
 
     CompanyExtrasStore store(opened.database);
-    EXPECT_EQ(store.read(1), CompanyExtras{});
+    // A new installation's sample shop has a representative and no number yet.
+    EXPECT_EQ(store.read(1), (CompanyExtras{QString(), false, QStringLiteral("代表取締役　緑川 健一")}));
+    EXPECT_EQ(store.read(7), CompanyExtras{});
     ASSERT_TRUE(store.write(1, {QStringLiteral("T1234567890123"), true, QStringLiteral("代表 O'Brien")}));
     ASSERT_TRUE(store.write(2, {QStringLiteral("T9999999999999"), false, QString()}));
     ASSERT_TRUE(store.write(1, {QStringLiteral("T1111111111111"), false, QStringLiteral("代表 O'Brien")}));

@@ -172,3 +172,26 @@ INSTANTIATE_TEST_SUITE_P(
 
 } // namespace
 } // namespace est::print
+
+namespace est::print {
+namespace {
+
+TEST(PrintDocument, AdditionalItemsLineUpLabelChoiceIndexAndAmount)
+{
+    Session s = test::handEstimate(1);
+    // The two-tone item keeps a second choice before its index.
+    s.additional.items[0] = {QStringLiteral("2トーン"), QStringLiteral("ルーフ"), QStringLiteral("ピラー"),
+                             QStringLiteral("1.20"), QStringLiteral("8,400")};
+    s.additional.items[2] = {QStringLiteral("ストライプ"), QStringLiteral("サイド"), QStringLiteral("0.30"),
+                             QStringLiteral("2,100"), QString()};
+    const PrintDocument doc = buildPrintDocument(s, QStringLiteral("様"), test::sampleShop());
+    ASSERT_EQ(doc.details.size(), 3);
+    const DetailTable &extra = doc.details.at(2);
+    EXPECT_EQ(extra.headers, (QStringList{"項目", "内容", "指数", "金額"}));
+    EXPECT_EQ(extra.rows, (QList<QStringList>{{"2トーン", "ルーフ　ピラー", "1.20", "8,400"},
+                                              {"ストライプ", "サイド", "0.30", "2,100"}}));
+    EXPECT_EQ(extra.firstNumberColumn, 2);
+}
+
+} // namespace
+} // namespace est::print

@@ -5,6 +5,7 @@
 #include "print/dlg_open_xls.h"
 #include "print/dlg_print.h"
 #include "print/frm_printer.h"
+#include "print/printer_choice.h"
 #include "print/xls_path.h"
 #include "print_samples.h"
 #include "program_fixture.h"
@@ -19,6 +20,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPrintPreviewWidget>
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -144,9 +146,15 @@ TEST_F(SheetPrinting, UnsavedChangesAreSavedOrTheLastSavedVersionIsPrinted)
 TEST_F(SheetPrinting, PreviewShowsTheSavedEstimate)
 {
     p.messages.answer(Answer::Yes);
-    p.dialogs.on(QStringLiteral("dlgPrintPreview"), [](QWidget *d) { static_cast<QDialog *>(d)->reject(); });
+    int pages = -1;
+    p.dialogs.on(QStringLiteral("dlgPrintPreview"), [&pages](QWidget *d) {
+        if (auto *view = d->findChild<QPrintPreviewWidget *>())
+            pages = view->pageCount();
+        static_cast<QDialog *>(d)->reject();
+    });
     printWith("cmdPreview");
     EXPECT_EQ(p.dialogs.seen(QStringLiteral("dlgPrintPreview")), 1);
+    EXPECT_EQ(pages, 2);   // the invoice and its paint sheet
 }
 
 TEST_F(SheetPrinting, WithoutAPrinterPrintingSaysSo)
@@ -205,6 +213,18 @@ TEST(FrmPrinter, ListsTheSystemsPrinters)
     EXPECT_EQ(form.findChild<QPushButton *>(QStringLiteral("cmdPro"))->isEnabled(), !names.isEmpty());
     if (names.isEmpty()) {
         EXPECT_TRUE(form.findChild<QLabel *>(QStringLiteral("lblNote"))->text().contains(QStringLiteral("インストールされていません")));
+    }
+}
+
+TEST(PrinterChoice, ARememberedPrinterThatIsGoneGivesWayToTheDefault)
+{
+    rememberPrinterName(QStringLiteral("事務所のプリンタ"));
+    EXPECT_EQ(rememberedPrinterName(), QStringLiteral("事務所のプリンタ"));
+    EXPECT_EQ(programPrinter().printerName(), QPrinterInfo::defaultPrinter().printerName());
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (!names.isEmpty()) {
+        rememberPrinterName(names.last());
+        EXPECT_EQ(programPrinter().printerName(), names.last());
     }
 }
 

@@ -1,0 +1,102 @@
+#include "db/database.h"
+#include "mastertable/table_checks.h"
+#include "mastertable/table_store.h"
+#include "masters/basic_index_gaps.h"
+#include "masters/master_screens.h"
+#include "part_db_tables.h"
+#include "temp_app_folder.h"
+
+#include <QSqlQuery>
+#include <gtest/gtest.h>
+
+using namespace est;
+using namespace est::masters;
+
+namespace {
+
+struct ScreenCase
+{
+    const char *name;
+    MasterScreen (*describe)();
+};
+
+class MasterScreenTest : public ::testing::TestWithParam<ScreenCase> {};
+
+} // namespace
+
+// Every table of the screen exists in a new PartDB with every described column, and the sample
+// rows a new installation gets pass the screen's own rules, so a shop can save them unchanged.
+TEST_P(MasterScreenTest, DescriptionFitsTheDatabaseAndItsSampleRows)
+{
+    test::TempAppFolder folder;
+    const MasterScreen screen = GetParam().describe();
+    EXPECT_EQ(screen.objectName, QString::fromUtf8(GetParam().name));
+    SKIP_WITHOUT_TABLES(folder.path(), screen);
+    const db::OpenResult opened = db::openDatabase(folder.path(), screen.database);
+    ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
+    for (const mastertable::TableSpec &spec : screen.tables) {
+        const mastertable::TableStore store(opened.database, spec);
+        ASSERT_EQ(store.checkLayout(), QString()) << spec.table.toStdString();
+        QString error;
+        const QList<mastertable::StoredRow> stored = store.load(&error);
+        EXPECT_FALSE(stored.isEmpty()) << spec.table.toStdString();
+        QList<QStringList> rows;
+        QList<int> numbers;
+        for (const mastertable::StoredRow &row : stored) {
+            for (int c = 0; c < spec.columns.size(); ++c) {
+                const mastertable::CellCheck check = mastertable::checkCell(spec.columns.at(c), row.values.at(c));
+                EXPECT_TRUE(check.ok() && check.value == row.values.at(c))
+                    << spec.table.toStdString() << " row " << rows.size() + 1 << ": " << check.reason.toStdString();
+            }
+            rows << row.values;
+            numbers << int(rows.size());
+        }
+        EXPECT_TRUE(mastertable::duplicateKeys(spec, rows, numbers).isEmpty()) << spec.table.toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, MasterScreenTest,
+                         ::testing::Values(ScreenCase{"frmBSetting", &bumperScreen},
+                                           ScreenCase{"frmFukaSetting", &additionalScreen},
+                                           ScreenCase{"frmKisoSetting", &basicIndexScreen},
+                                           ScreenCase{"frmPaintName", &paintNameScreen}),
+                         [](const auto &info) { return std::string(info.param.name); });
+
+TEST(BasicIndexGaps, ListsTheCombinationsThePaintScreenCanAskFor)
+{
+    test::TempAppFolder folder;
+    SKIP_WITHOUT_TABLES(folder.path(), basicIndexScreen());
+    db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
+    ASSERT_TRUE(opened.ok());
+    QString error;
+    const QList<BasicIndexKey> sampleGaps = missingBasicIndexRows(opened.database, &error);
+    EXPECT_EQ(error, QString());
+    QSqlQuery q(opened.database);
+    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM KihonSisuDB WHERE Syaryo = '軽自' AND Iro = '3P'")));
+    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(DISTINCT Toryo) FROM KihonSisuDB")) && q.next());
+    const int materials = q.value(0).toInt();
+    const QList<BasicIndexKey> gaps = missingBasicIndexRows(opened.database, &error);
+    // Every material of light cars in three-coat pearl is now missing, in the table's order.
+    EXPECT_EQ(gaps.size(), sampleGaps.size() + materials);
+    EXPECT_TRUE(gaps.contains(BasicIndexKey{QStringLiteral("軽自"), QStringLiteral("3P"), QStringLiteral("速乾")}));
+    EXPECT_TRUE(describeGaps(gaps).startsWith(QStringLiteral("基礎指数の無い組み合わせ（%1件）：").arg(gaps.size())));
+}
+
+TEST(BasicIndexGaps, DescribesNoneAndMany)
+{
+    EXPECT_EQ(describeGaps({}), QStringLiteral("車種・色種・塗料のすべての組み合わせに基礎指数があります。"));
+    const QList<BasicIndexKey> three{{"小型", "S", "水性"}, {"普通", "M", "速乾"}, {"軽自", "2P", "2液"}};
+    EXPECT_EQ(describeGaps(three, 2), QStringLiteral("基礎指数の無い組み合わせ（3件）：小型・S・水性、普通・M・速乾 ほか"));
+}
+
+TEST(BasicIndexGaps, MissingTableIsReported)
+{
+    test::TempAppFolder folder;
+    SKIP_WITHOUT_TABLES(folder.path(), basicIndexScreen());
+    db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
+    ASSERT_TRUE(opened.ok());
+    QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE KihonSisuDB"));
+    QString error;
+    EXPECT_TRUE(missingBasicIndexRows(opened.database, &error).isEmpty());
+    EXPECT_TRUE(error.startsWith(QStringLiteral("基礎指数の表を読めませんでした。")));
+}
