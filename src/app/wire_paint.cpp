@@ -1,6 +1,7 @@
 #include "app/frm_setting.h"
 #include "app/wiring.h"
 #include "customers/setting_lists.h"
+#include "paint/dlg_naiban_setting.h"
 #include "paint/dlg_toryo.h"
 #include "paint/frm_paint.h"
 #include "paint/paint_session.h"
@@ -44,6 +45,8 @@ void wirePaint(AppContext &context)
         if (b == sheet::SheetButton::Paint)
             estimatePainting(*c);
     });
+    c->settings->setScreen(QStringLiteral("Command9"),
+                           [c] { paint::editInnerPanels(c->appFolder, c->messages, c->settings); });
 }
 
 } // namespace est::app
