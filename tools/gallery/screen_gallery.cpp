@@ -165,6 +165,8 @@ void savePaintScreens(est::Session &s, est::Messages &messages, const QString &a
     save(&naiban, folder, QStringLiteral("dlgNaiban"));
     DlgTInpei tinpei(screen.editor(), QStringLiteral("ルーフ以外"), messages);
     save(&tinpei, folder, QStringLiteral("dlgTInpei"));
+}
+
 // The index screens that open from inside other editors, filled with sample choices.
 void saveIndexScreens(const QString &folder, const QString &appFolder, est::Messages &messages)
 {
@@ -206,6 +208,8 @@ void saveIndexScreens(const QString &folder, const QString &appFolder, est::Mess
     fuka.findChild<QLineEdit *>(QStringLiteral("txtSeelMai"))->setText(QStringLiteral("2"));
     fuka.findChild<QCheckBox *>(QStringLiteral("chkBooth"))->setChecked(true);
     save(&fuka, folder, fuka.objectName());
+}
+
 // The simple estimate's screens, which the work item editor opens: the front door chosen on
 // the drawing and its first price row picked.
 void saveSimpleEstimate(est::Messages &messages, const QString &appFolder, const QString &folder)
