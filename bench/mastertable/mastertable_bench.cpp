@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kRows = 20000;
 
-TableSpec spec()
+TableSpec benchTable()
 {
     QList<ColumnSpec> columns{ColumnSpec::text(QStringLiteral("Syaryo"), QStringLiteral("車種")).mustHave(),
                               ColumnSpec::text(QStringLiteral("Iro"), QStringLiteral("色種")).mustHave(),
@@ -67,7 +67,7 @@ QByteArray toCp932(const QByteArray &utf8)
 
 void BM_ExportCsv(benchmark::State &state)
 {
-    const TableStore store(*database, spec());
+    const TableStore store(*database, benchTable());
     for (auto _ : state) {
         QString error;
         benchmark::DoNotOptimize(exportCsv(store, &error));
@@ -77,7 +77,7 @@ BENCHMARK(BM_ExportCsv)->Unit(benchmark::kMillisecond);
 
 void BM_ImportCsv(benchmark::State &state)
 {
-    const TableStore store(*database, spec());
+    const TableStore store(*database, benchTable());
     QString error;
     const QByteArray bytes = exportCsv(store, &error);
     for (auto _ : state) {
@@ -91,7 +91,7 @@ BENCHMARK(BM_ImportCsv)->Unit(benchmark::kMillisecond);
 void BM_DecodeCp932(benchmark::State &state)
 {
     QString error;
-    const QByteArray bytes = toCp932(exportCsv(TableStore(*database, spec()), &error).mid(3));
+    const QByteArray bytes = toCp932(exportCsv(TableStore(*database, benchTable()), &error).mid(3));
     for (auto _ : state)
         benchmark::DoNotOptimize(decodeCsv(bytes, CsvEncoding::Auto));
     state.SetBytesProcessed(state.iterations() * bytes.size());
@@ -102,7 +102,7 @@ void BM_LoadEditSave(benchmark::State &state)
 {
     int round = 0;
     for (auto _ : state) {
-        TableEditModel model{TableStore(*database, spec())};
+        TableEditModel model{TableStore(*database, benchTable())};
         model.setData(model.index(kRows / 2, 3), QStringLiteral("%1.00").arg(++round % 50));
         if (!model.save().saved)
             state.SkipWithError("save refused");

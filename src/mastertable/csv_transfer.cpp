@@ -8,11 +8,11 @@ namespace {
 
 constexpr int kShownRefusals = 20;
 
-// For each spec column, the position of its field in the file; missing captions listed.
-QList<int> mapHeader(const TableSpec &spec, const QStringList &header, QStringList *missing)
+// For each tableSpec column, the position of its field in the file; missing captions listed.
+QList<int> mapHeader(const TableSpec &tableSpec, const QStringList &header, QStringList *missing)
 {
     QList<int> positions;
-    for (const ColumnSpec &column : spec.columns) {
+    for (const ColumnSpec &column : tableSpec.columns) {
         int found = -1;
         for (int i = 0; i < header.size() && found < 0; ++i) {
             const QString name = header.at(i).trimmed();
@@ -52,7 +52,7 @@ QString ImportReport::summary() const
 ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEncoding encoding)
 {
     ImportReport report;
-    const TableSpec &spec = store.spec();
+    const TableSpec &tableSpec = store.tableSpec();
     if (report.error = store.checkLayout(); !report.error.isEmpty())
         return report;
     const DecodedCsv decoded = decodeCsv(bytes, encoding);
@@ -66,7 +66,7 @@ ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEnco
         return report;
     }
     QStringList missing;
-    const QList<int> positions = mapHeader(spec, parsed.records.first(), &missing);
+    const QList<int> positions = mapHeader(tableSpec, parsed.records.first(), &missing);
     if (!missing.isEmpty()) {
         report.error = QStringLiteral("1行目の見出しに、列%1がありません。").arg(missing.join(QStringLiteral("、")));
         return report;
@@ -87,8 +87,8 @@ ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEnco
                                 QStringLiteral("列の数（%1）が見出し（%2）と違います。").arg(record.size()).arg(headerSize)};
         }
         QStringList values;
-        for (int c = 0; c < spec.columns.size(); ++c) {
-            const CellCheck check = checkCell(spec.columns.at(c), record.value(positions.at(c)));
+        for (int c = 0; c < tableSpec.columns.size(); ++c) {
+            const CellCheck check = checkCell(tableSpec.columns.at(c), record.value(positions.at(c)));
             if (!check.ok())
                 problems << Problem{rowIndex, c, check.reason};
             values << check.value;
@@ -98,14 +98,14 @@ ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEnco
     QList<int> all;
     for (int i = 0; i < rows.size(); ++i)
         all << i;
-    problems << duplicateKeys(spec, rows, parsed.lines.mid(1));
+    problems << duplicateKeys(tableSpec, rows, parsed.lines.mid(1));
     if (problems.isEmpty())
         problems << missingReferences(store, rows, all);
     if (!problems.isEmpty()) {
         for (const Problem &p : problems) {
             Problem atLine = p;
             atLine.row = parsed.lines.at(p.row + 1) - 1;
-            report.refusedRows << describe(atLine, spec);
+            report.refusedRows << describe(atLine, tableSpec);
         }
         return report;
     }
@@ -123,7 +123,7 @@ QByteArray exportCsv(const TableStore &store, QString *error)
         return {};
     QList<QStringList> records;
     QStringList header;
-    for (const ColumnSpec &column : store.spec().columns)
+    for (const ColumnSpec &column : store.tableSpec().columns)
         header << column.caption;
     records << header;
     for (const StoredRow &row : rows)

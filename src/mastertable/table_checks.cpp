@@ -5,26 +5,26 @@
 
 namespace est::mastertable {
 
-QString describe(const Problem &problem, const TableSpec &spec, int firstRowNumber)
+QString describe(const Problem &problem, const TableSpec &tableSpec, int firstRowNumber)
 {
     QString where = QStringLiteral("%1行目").arg(problem.row + firstRowNumber);
-    if (problem.column >= 0 && problem.column < spec.columns.size())
-        where += QStringLiteral("「%1」").arg(spec.columns.at(problem.column).caption);
+    if (problem.column >= 0 && problem.column < tableSpec.columns.size())
+        where += QStringLiteral("「%1」").arg(tableSpec.columns.at(problem.column).caption);
     return where + QStringLiteral("：") + problem.reason;
 }
 
-QList<Problem> duplicateKeys(const TableSpec &spec, const QList<QStringList> &rows, const QList<int> &rowNumbers)
+QList<Problem> duplicateKeys(const TableSpec &tableSpec, const QList<QStringList> &rows, const QList<int> &rowNumbers)
 {
     QList<Problem> problems;
-    if (spec.key.isEmpty())
+    if (tableSpec.key.isEmpty())
         return problems;
     QStringList captions;
-    for (int c : spec.key)
-        captions << spec.columns.at(c).caption;
+    for (int c : tableSpec.key)
+        captions << tableSpec.columns.at(c).caption;
     QHash<QStringList, int> firstRow;
     for (int r = 0; r < rows.size(); ++r) {
         QStringList key;
-        for (int c : spec.key)
+        for (int c : tableSpec.key)
             key << rows.at(r).value(c);
         const auto found = firstRow.constFind(key);
         if (found == firstRow.cend()) {
@@ -33,7 +33,7 @@ QList<Problem> duplicateKeys(const TableSpec &spec, const QList<QStringList> &ro
         }
         const QString what = captions.size() == 1 ? QStringLiteral("「%1」").arg(captions.first())
                                                   : QStringLiteral("「%1」の組み合わせ").arg(captions.join(QStringLiteral("・")));
-        problems << Problem{r, spec.key.first(),
+        problems << Problem{r, tableSpec.key.first(),
                             QStringLiteral("%1が%2行目と同じです。").arg(what).arg(rowNumbers.value(found.value()))};
     }
     return problems;
@@ -43,9 +43,9 @@ QList<Problem> missingReferences(const TableStore &store, const QList<QStringLis
                                  const QList<int> &rowsToCheck)
 {
     QList<Problem> problems;
-    const TableSpec &spec = store.spec();
-    for (int c = 0; c < spec.columns.size(); ++c) {
-        const ColumnSpec &column = spec.columns.at(c);
+    const TableSpec &tableSpec = store.tableSpec();
+    for (int c = 0; c < tableSpec.columns.size(); ++c) {
+        const ColumnSpec &column = tableSpec.columns.at(c);
         if (!column.reference)
             continue;
         QString error;

@@ -18,11 +18,11 @@ struct Problem
 };
 
 // "3行目「基礎指数」：0以上の…", with row numbers starting at `firstRowNumber`.
-QString describe(const Problem &problem, const TableSpec &spec, int firstRowNumber = 1);
+QString describe(const Problem &problem, const TableSpec &tableSpec, int firstRowNumber = 1);
 
 // Rows whose key repeats an earlier row's key (the later row is reported). `rowNumbers`
 // gives the number the user knows each row by (grid row or file line).
-QList<Problem> duplicateKeys(const TableSpec &spec, const QList<QStringList> &rows, const QList<int> &rowNumbers);
+QList<Problem> duplicateKeys(const TableSpec &tableSpec, const QList<QStringList> &rows, const QList<int> &rowNumbers);
 
 // Cells of the rows listed in `rowsToCheck` whose value is missing from the referenced table.
 // Empty values are not looked up. A referenced table that cannot be read is one problem.

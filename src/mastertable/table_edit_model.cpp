@@ -45,7 +45,7 @@ int TableEditModel::appendRow()
     const int row = int(m_rows.size());
     beginInsertRows({}, row, row);
     HeldRow added;
-    for (int i = 0; i < spec().columns.size(); ++i)
+    for (int i = 0; i < tableSpec().columns.size(); ++i)
         added.values << QString();
     added.changed = true;
     m_rows << added;
@@ -83,12 +83,12 @@ std::optional<Problem> TableEditModel::firstProblem(const QList<int> &kept, int 
     }
     QList<Problem> problems;
     for (int i : changed)
-        for (int c = 0; c < spec().columns.size(); ++c) {
-            const CellCheck check = checkCell(spec().columns.at(c), rows.at(i).at(c));
+        for (int c = 0; c < tableSpec().columns.size(); ++c) {
+            const CellCheck check = checkCell(tableSpec().columns.at(c), rows.at(i).at(c));
             if (!check.ok())
                 problems << Problem{i, c, check.reason};
         }
-    problems << duplicateKeys(spec(), rows, numbers);
+    problems << duplicateKeys(tableSpec(), rows, numbers);
     if (problems.isEmpty())
         problems << missingReferences(m_store, rows, changed);
     *count = int(problems.size());
@@ -114,7 +114,7 @@ SaveOutcome TableEditModel::save()
     if (const std::optional<Problem> problem = firstProblem(kept, &count)) {
         outcome.row = problem->row;
         outcome.column = problem->column;
-        outcome.message = describe(*problem, spec());
+        outcome.message = describe(*problem, tableSpec());
         if (count > 1)
             outcome.message += QStringLiteral("\n（ほかに%1件の問題があります）").arg(count - 1);
         outcome.message += QStringLiteral("\n保存していません。");
@@ -144,7 +144,7 @@ int TableEditModel::rowCount(const QModelIndex &parent) const
 
 int TableEditModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(spec().columns.size());
+    return parent.isValid() ? 0 : int(tableSpec().columns.size());
 }
 
 QVariant TableEditModel::data(const QModelIndex &index, int role) const
@@ -153,7 +153,7 @@ QVariant TableEditModel::data(const QModelIndex &index, int role) const
         return {};
     if (role == Qt::DisplayRole || role == Qt::EditRole)
         return text(index.row(), index.column());
-    if (role == Qt::TextAlignmentRole && spec().columns.at(index.column()).kind != ColumnKind::Text)
+    if (role == Qt::TextAlignmentRole && tableSpec().columns.at(index.column()).kind != ColumnKind::Text)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     return {};
 }
@@ -163,7 +163,7 @@ QVariant TableEditModel::headerData(int section, Qt::Orientation orientation, in
     if (role != Qt::DisplayRole)
         return {};
     if (orientation == Qt::Horizontal)
-        return spec().columns.value(section).caption;
+        return tableSpec().columns.value(section).caption;
     if (section < 0 || section >= m_rows.size())
         return {};
     // A changed row carries a mark until it is saved or undone.
@@ -182,10 +182,10 @@ bool TableEditModel::setData(const QModelIndex &index, const QVariant &value, in
     if (!index.isValid() || role != Qt::EditRole || index.row() >= m_rows.size())
         return false;
     const QString typed = value.toString();
-    const CellCheck check = checkCell(spec().columns.at(index.column()), typed);
+    const CellCheck check = checkCell(tableSpec().columns.at(index.column()), typed);
     if (!check.ok()) {
         Q_EMIT refused(index.row(), index.column(), typed,
-                       describe(Problem{index.row(), index.column(), check.reason}, spec()));
+                       describe(Problem{index.row(), index.column(), check.reason}, tableSpec()));
         return false;
     }
     HeldRow &row = m_rows[index.row()];

@@ -25,7 +25,7 @@ class TableEditModel : public QAbstractTableModel
 public:
     explicit TableEditModel(TableStore store, QObject *parent = nullptr);
 
-    const TableSpec &spec() const { return m_store.spec(); }
+    const TableSpec &tableSpec() const { return m_store.tableSpec(); }
     const TableStore &store() const { return m_store; }
 
     // Reads the table again, dropping every held edit. False (and loadError() set) when the

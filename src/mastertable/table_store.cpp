@@ -24,10 +24,10 @@ QVariant bindValue(const ColumnSpec &column, const QString &value)
     return value;
 }
 
-QString fieldList(const TableSpec &spec)
+QString fieldList(const TableSpec &tableSpec)
 {
     QStringList fields;
-    for (const ColumnSpec &c : spec.columns)
+    for (const ColumnSpec &c : tableSpec.columns)
         fields << db::quoteIdentifier(c.field);
     return fields.join(QStringLiteral(", "));
 }
@@ -39,8 +39,8 @@ QString failure(const QSqlQuery &query)
 
 } // namespace
 
-TableStore::TableStore(QSqlDatabase database, TableSpec spec)
-    : m_database(std::move(database)), m_spec(std::move(spec))
+TableStore::TableStore(QSqlDatabase database, TableSpec tableSpec)
+    : m_database(std::move(database)), m_spec(std::move(tableSpec))
 {
 }
 

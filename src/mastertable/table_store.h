@@ -1,5 +1,5 @@
 #pragma once
-// Reading and writing one master table described by a TableSpec. Only the spec's columns are
+// Reading and writing one master table described by a TableSpec. Only the tableSpec's columns are
 // read and written; rows are kept in table order (rowid), which the screens that read the
 // first rows of a table rely on. Every change runs in one transaction.
 
@@ -14,7 +14,7 @@ namespace est::mastertable {
 struct StoredRow
 {
     qint64 rowid = 0;
-    QStringList values;  // one display text per spec column
+    QStringList values;  // one display text per tableSpec column
 };
 
 struct TableChanges
@@ -27,12 +27,12 @@ struct TableChanges
 class TableStore
 {
 public:
-    TableStore(QSqlDatabase database, TableSpec spec);
+    TableStore(QSqlDatabase database, TableSpec tableSpec);
 
-    const TableSpec &spec() const { return m_spec; }
+    const TableSpec &tableSpec() const { return m_spec; }
     QSqlDatabase database() const { return m_database; }
 
-    // Empty when the table and every spec column exist; else a sentence for the user.
+    // Empty when the table and every tableSpec column exist; else a sentence for the user.
     QString checkLayout() const;
 
     // The rows in table order; empty list and `error` set when the table cannot be read.

@@ -93,11 +93,11 @@ QString defaultChooser(QWidget *parent, bool forExport, const QString &suggested
 
 } // namespace
 
-TableEditor::TableEditor(mastertable::TableSpec spec, QSqlDatabase database, Messages &messages, QWidget *parent)
+TableEditor::TableEditor(mastertable::TableSpec tableSpec, QSqlDatabase database, Messages &messages, QWidget *parent)
     : QWidget(parent), m_messages(messages)
 {
-    setObjectName(spec.table);
-    m_model = new TableEditModel(mastertable::TableStore(std::move(database), std::move(spec)), this);
+    setObjectName(tableSpec.table);
+    m_model = new TableEditModel(mastertable::TableStore(std::move(database), std::move(tableSpec)), this);
     m_chooseFile = [this](bool forExport, const QString &name) { return defaultChooser(this, forExport, name); };
     buildUi();
     connect(m_model, &TableEditModel::refused, this, [this](int row, int column, const QString &typed, const QString &message) {
@@ -106,14 +106,14 @@ TableEditor::TableEditor(mastertable::TableSpec spec, QSqlDatabase database, Mes
         QTimer::singleShot(0, this, [this, row, column, typed, message] { showRefusal(row, column, typed, message); });
     });
     if (!m_model->loadError().isEmpty())
-        m_messages.inform(m_model->loadError(), this->spec().caption, MessageIcon::Critical);
+        m_messages.inform(m_model->loadError(), this->tableSpec().caption, MessageIcon::Critical);
 }
 
 TableEditor::~TableEditor() = default;
 
-const mastertable::TableSpec &TableEditor::spec() const
+const mastertable::TableSpec &TableEditor::tableSpec() const
 {
-    return m_model->spec();
+    return m_model->tableSpec();
 }
 
 void TableEditor::buildUi()
@@ -129,8 +129,8 @@ void TableEditor::buildUi()
     m_view->horizontalHeader()->setMinimumSectionSize(56);
     m_view->resizeColumnsToContents();
     // Room to type a longer text than the widest one stored.
-    for (int c = 0; c < spec().columns.size(); ++c)
-        if (spec().columns.at(c).kind == mastertable::ColumnKind::Text)
+    for (int c = 0; c < tableSpec().columns.size(); ++c)
+        if (tableSpec().columns.at(c).kind == mastertable::ColumnKind::Text)
             m_view->setColumnWidth(c, std::max(m_view->columnWidth(c), 120));
     layout->addWidget(m_view, 1);
 
@@ -177,7 +177,7 @@ bool TableEditor::finishEditing()
 
 void TableEditor::showRefusal(int row, int column, const QString &typed, const QString &message)
 {
-    m_messages.inform(message, spec().caption, MessageIcon::Exclamation);
+    m_messages.inform(message, tableSpec().caption, MessageIcon::Exclamation);
     const QModelIndex cell = m_model->index(row, column);
     if (!cell.isValid())
         return;
@@ -222,7 +222,7 @@ void TableEditor::undo()
     if (!m_model->isDirty())
         return;
     if (m_messages.askYesNo(QStringLiteral("保存していない変更をすべて取り消して、保存した内容に戻します。\nよろしいですか？"),
-                            spec().caption, MessageIcon::Question)
+                            tableSpec().caption, MessageIcon::Question)
         == Answer::Yes)
         m_model->reload();
 }
@@ -233,7 +233,7 @@ bool TableEditor::save()
         return false;
     const mastertable::SaveOutcome outcome = m_model->save();
     if (!outcome.saved) {
-        m_messages.inform(outcome.message, spec().caption, MessageIcon::Exclamation);
+        m_messages.inform(outcome.message, tableSpec().caption, MessageIcon::Exclamation);
         if (outcome.row >= 0)
             m_view->setCurrentIndex(m_model->index(outcome.row, std::max(0, outcome.column)));
         return false;
@@ -248,8 +248,8 @@ bool TableEditor::confirmClose()
         return false;
     if (!m_model->isDirty())
         return true;
-    switch (m_messages.askYesNoCancel(QStringLiteral("「%1」の変更が保存されていません。\n保存しますか？").arg(spec().caption),
-                                      spec().caption, MessageIcon::Question)) {
+    switch (m_messages.askYesNoCancel(QStringLiteral("「%1」の変更が保存されていません。\n保存しますか？").arg(tableSpec().caption),
+                                      tableSpec().caption, MessageIcon::Question)) {
     case Answer::Yes:
         return save();
     case Answer::No:
@@ -266,7 +266,7 @@ bool TableEditor::refuseWhileDirty()
         return true;
     if (!m_model->isDirty())
         return false;
-    m_messages.inform(QStringLiteral("保存していない変更があります。\n先に保存するか、元に戻してください。"), spec().caption,
+    m_messages.inform(QStringLiteral("保存していない変更があります。\n先に保存するか、元に戻してください。"), tableSpec().caption,
                       MessageIcon::Exclamation);
     return true;
 }
@@ -275,7 +275,7 @@ void TableEditor::exportFile()
 {
     if (refuseWhileDirty())
         return;
-    const QString path = m_chooseFile(true, spec().table + QStringLiteral(".csv"));
+    const QString path = m_chooseFile(true, tableSpec().table + QStringLiteral(".csv"));
     if (path.isEmpty())
         return;
     QString error;
@@ -284,9 +284,9 @@ void TableEditor::exportFile()
     if (error.isEmpty() && !(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()))
         error = QStringLiteral("%1 に書き込めませんでした。").arg(path);
     if (!error.isEmpty())
-        m_messages.inform(error, spec().caption, MessageIcon::Critical);
+        m_messages.inform(error, tableSpec().caption, MessageIcon::Critical);
     else
-        m_messages.inform(QStringLiteral("%1行を書き出しました。").arg(m_model->rowCount()), spec().caption,
+        m_messages.inform(QStringLiteral("%1行を書き出しました。").arg(m_model->rowCount()), tableSpec().caption,
                           MessageIcon::Information);
 }
 
@@ -299,20 +299,20 @@ void TableEditor::importFile()
         return;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        m_messages.inform(QStringLiteral("%1 を開けませんでした。").arg(path), spec().caption, MessageIcon::Critical);
+        m_messages.inform(QStringLiteral("%1 を開けませんでした。").arg(path), tableSpec().caption, MessageIcon::Critical);
         return;
     }
     if (file.size() > mastertable::kCsvMaxBytes) {
-        m_messages.inform(QStringLiteral("ファイルが大きすぎます。"), spec().caption, MessageIcon::Critical);
+        m_messages.inform(QStringLiteral("ファイルが大きすぎます。"), tableSpec().caption, MessageIcon::Critical);
         return;
     }
-    if (m_messages.askYesNo(QStringLiteral("「%1」の内容を、ファイルの内容で置き換えます。\nよろしいですか？").arg(spec().caption),
-                            spec().caption, MessageIcon::Question)
+    if (m_messages.askYesNo(QStringLiteral("「%1」の内容を、ファイルの内容で置き換えます。\nよろしいですか？").arg(tableSpec().caption),
+                            tableSpec().caption, MessageIcon::Question)
         != Answer::Yes)
         return;
     const auto encoding = CsvEncoding(m_encoding->currentData().toInt());
     const mastertable::ImportReport report = mastertable::importCsv(m_model->store(), file.readAll(), encoding);
-    m_messages.inform(report.summary(), spec().caption, report.applied ? MessageIcon::Information : MessageIcon::Exclamation);
+    m_messages.inform(report.summary(), tableSpec().caption, report.applied ? MessageIcon::Information : MessageIcon::Exclamation);
     if (report.applied) {
         m_model->reload();
         Q_EMIT saved();
@@ -339,10 +339,10 @@ TableEditorWindow::TableEditorWindow(const QString &objectName, const QString &t
     resize(1000, 620);
 }
 
-TableEditor *TableEditorWindow::addTable(const mastertable::TableSpec &spec, QSqlDatabase database)
+TableEditor *TableEditorWindow::addTable(const mastertable::TableSpec &tableSpec, QSqlDatabase database)
 {
-    auto *editor = new TableEditor(spec, std::move(database), m_messages, m_tabs);
-    m_tabs->addTab(editor, spec.caption);
+    auto *editor = new TableEditor(tableSpec, std::move(database), m_messages, m_tabs);
+    m_tabs->addTab(editor, tableSpec.caption);
     m_editors << editor;
     return editor;
 }
@@ -355,7 +355,7 @@ void TableEditorWindow::addPanel(QWidget *panel)
 TableEditor *TableEditorWindow::editor(const QString &table) const
 {
     for (TableEditor *e : m_editors)
-        if (e->spec().table == table)
+        if (e->tableSpec().table == table)
             return e;
     return nullptr;
 }

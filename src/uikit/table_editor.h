@@ -9,14 +9,14 @@
 // Use: describe the table, then show it.
 //
 //     using namespace est::mastertable;
-//     TableSpec spec{QStringLiteral("SasyuDB"), QStringLiteral("ドアサッシュ"),
+//     TableSpec tableSpec{QStringLiteral("SasyuDB"), QStringLiteral("ドアサッシュ"),
 //                    {ColumnSpec::text(QStringLiteral("Mai"), QStringLiteral("ドア数")).mustHave(),
 //                     ColumnSpec::text(QStringLiteral("Memo"), QStringLiteral("備考")),
 //                     ColumnSpec::index(QStringLiteral("Sisu"), QStringLiteral("指数")).mustHave()},
 //                    {0}};   // "Mai" must be unique
 //     est::ui::TableEditorWindow window(QStringLiteral("frmFukaSetting"), QStringLiteral("付加指数設定"),
 //                                       messages, parent);
-//     window.addTable(spec, database);   // one tab per table
+//     window.addTable(tableSpec, database);   // one tab per table
 //     window.exec();
 //
 // A column may also be restricted to fixed values (`.oneOf({"X", "S"})`) or to values of
@@ -47,12 +47,12 @@ class TableEditor : public QWidget
 {
     Q_OBJECT
 public:
-    TableEditor(mastertable::TableSpec spec, QSqlDatabase database, Messages &messages, QWidget *parent = nullptr);
+    TableEditor(mastertable::TableSpec tableSpec, QSqlDatabase database, Messages &messages, QWidget *parent = nullptr);
     ~TableEditor() override;
 
     mastertable::TableEditModel &model() const { return *m_model; }
     QTableView *view() const { return m_view; }
-    const mastertable::TableSpec &spec() const;
+    const mastertable::TableSpec &tableSpec() const;
 
     bool isDirty() const;
     // Writes the held edits; a refusal is reported and its cell selected. True when saved.
@@ -93,7 +93,7 @@ public:
     TableEditorWindow(const QString &objectName, const QString &title, Messages &messages, QWidget *parent = nullptr);
 
     // Adds a tab for the table (the tab bar shows once there are two).
-    TableEditor *addTable(const mastertable::TableSpec &spec, QSqlDatabase database);
+    TableEditor *addTable(const mastertable::TableSpec &tableSpec, QSqlDatabase database);
     // Adds a widget below the tabs (a hint, a list of gaps ...).
     void addPanel(QWidget *panel);
     QList<TableEditor *> editors() const { return m_editors; }

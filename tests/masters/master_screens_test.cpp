@@ -34,24 +34,24 @@ TEST_P(MasterScreenTest, DescriptionFitsTheDatabaseAndItsSampleRows)
     SKIP_WITHOUT_TABLES(folder.path(), screen);
     const db::OpenResult opened = db::openDatabase(folder.path(), screen.database);
     ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
-    for (const mastertable::TableSpec &spec : screen.tables) {
-        const mastertable::TableStore store(opened.database, spec);
-        ASSERT_EQ(store.checkLayout(), QString()) << spec.table.toStdString();
+    for (const mastertable::TableSpec &tableSpec : screen.tables) {
+        const mastertable::TableStore store(opened.database, tableSpec);
+        ASSERT_EQ(store.checkLayout(), QString()) << tableSpec.table.toStdString();
         QString error;
         const QList<mastertable::StoredRow> stored = store.load(&error);
-        EXPECT_FALSE(stored.isEmpty()) << spec.table.toStdString();
+        EXPECT_FALSE(stored.isEmpty()) << tableSpec.table.toStdString();
         QList<QStringList> rows;
         QList<int> numbers;
         for (const mastertable::StoredRow &row : stored) {
-            for (int c = 0; c < spec.columns.size(); ++c) {
-                const mastertable::CellCheck check = mastertable::checkCell(spec.columns.at(c), row.values.at(c));
+            for (int c = 0; c < tableSpec.columns.size(); ++c) {
+                const mastertable::CellCheck check = mastertable::checkCell(tableSpec.columns.at(c), row.values.at(c));
                 EXPECT_TRUE(check.ok() && check.value == row.values.at(c))
-                    << spec.table.toStdString() << " row " << rows.size() + 1 << ": " << check.reason.toStdString();
+                    << tableSpec.table.toStdString() << " row " << rows.size() + 1 << ": " << check.reason.toStdString();
             }
             rows << row.values;
             numbers << int(rows.size());
         }
-        EXPECT_TRUE(mastertable::duplicateKeys(spec, rows, numbers).isEmpty()) << spec.table.toStdString();
+        EXPECT_TRUE(mastertable::duplicateKeys(tableSpec, rows, numbers).isEmpty()) << tableSpec.table.toStdString();
     }
 }
 

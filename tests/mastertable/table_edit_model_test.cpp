@@ -137,13 +137,13 @@ TEST_F(ModelTest, DeleteEditAndAddGoInOneTransaction)
 
 TEST_F(ModelTest, MissingTableOrColumnIsAClearMessage)
 {
-    TableSpec spec = test::ScratchDatabase::partSpec();
-    spec.table = QStringLiteral("NoSuchDB");
-    TableEditModel missing{TableStore(scratch.database(), spec)};
+    TableSpec tableSpec = test::ScratchDatabase::partSpec();
+    tableSpec.table = QStringLiteral("NoSuchDB");
+    TableEditModel missing{TableStore(scratch.database(), tableSpec)};
     EXPECT_EQ(missing.loadError(), QStringLiteral("表 NoSuchDB がありません。"));
     EXPECT_FALSE(missing.save().saved);
-    spec = test::ScratchDatabase::partSpec();
-    spec.columns[2].field = QStringLiteral("Nai");
-    TableEditModel noColumn{TableStore(scratch.database(), spec)};
+    tableSpec = test::ScratchDatabase::partSpec();
+    tableSpec.columns[2].field = QStringLiteral("Nai");
+    TableEditModel noColumn{TableStore(scratch.database(), tableSpec)};
     EXPECT_EQ(noColumn.loadError(), QStringLiteral("表 PaintDB に列 Nai がありません。"));
 }

@@ -9,28 +9,28 @@
 
 namespace est::test {
 
-Session estimateOf(const EstimateSpec &spec)
+Session estimateOf(const EstimateSpec &tableSpec)
 {
     Session s;
-    s.header.documentKind = spec.kind;
-    s.header.customerName = spec.customer;
-    s.header.customerCompany = spec.company;
-    s.header.carName = spec.car;
-    s.header.registration = spec.registration;
+    s.header.documentKind = tableSpec.kind;
+    s.header.customerName = tableSpec.customer;
+    s.header.customerCompany = tableSpec.company;
+    s.header.carName = tableSpec.car;
+    s.header.registration = tableSpec.registration;
     s.header.chassisNumber = QStringLiteral("ZVW50-0099887");
-    s.slipNumber = spec.slip;
-    s.estimateDate = sheet::eraDate(spec.day);
-    s.totals.workTotalA = spec.totalA;
-    s.totals.paintTotalB = spec.totalB;
-    s.figures.discountRate = spec.discountRate;
-    s.figures.discountAmount = spec.discountAmount;
-    s.figures.advance = spec.advance;
-    s.company[11] = spec.taxRate;
-    if (spec.nonTaxable != 0) {
+    s.slipNumber = tableSpec.slip;
+    s.estimateDate = sheet::eraDate(tableSpec.day);
+    s.totals.workTotalA = tableSpec.totalA;
+    s.totals.paintTotalB = tableSpec.totalB;
+    s.figures.discountRate = tableSpec.discountRate;
+    s.figures.discountAmount = tableSpec.discountAmount;
+    s.figures.advance = tableSpec.advance;
+    s.company[11] = tableSpec.taxRate;
+    if (tableSpec.nonTaxable != 0) {
         s.nonTaxable.names = {QStringLiteral("自賠責保険")};
-        s.nonTaxable.amounts = {spec.nonTaxable};
+        s.nonTaxable.amounts = {tableSpec.nonTaxable};
         s.nonTaxable.count = 1;
-        s.nonTaxable.sum = spec.nonTaxable;
+        s.nonTaxable.sum = tableSpec.nonTaxable;
         s.nonTaxable.present = true;
     }
     return s;

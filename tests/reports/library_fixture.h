@@ -28,7 +28,7 @@ struct EstimateSpec
     QString taxRate = QStringLiteral("10");
 };
 
-Session estimateOf(const EstimateSpec &spec);
+Session estimateOf(const EstimateSpec &tableSpec);
 
 // Writes Mitsumori/<fileName> of the folder from the default template.
 void saveWorkbook(const TempAppFolder &folder, const QString &fileName, const Session &session);

@@ -83,14 +83,14 @@ class SummaryTotals : public ::testing::TestWithParam<TotalsCase> {};
 TEST_P(SummaryTotals, FollowTheSheetsChain)
 {
     const TotalsCase &c = GetParam();
-    EstimateSpec spec;
-    spec.totalA = c.a;
-    spec.totalB = c.b;
-    spec.discountRate = QString::fromUtf8(c.rate);
-    spec.discountAmount = QString::fromUtf8(c.amount);
-    spec.nonTaxable = c.nonTaxable;
-    spec.advance = QString::fromUtf8(c.advance);
-    const EstimateSummary s = summarize(test::estimateOf(spec), QStringLiteral("240105A.xlsx"));
+    EstimateSpec tableSpec;
+    tableSpec.totalA = c.a;
+    tableSpec.totalB = c.b;
+    tableSpec.discountRate = QString::fromUtf8(c.rate);
+    tableSpec.discountAmount = QString::fromUtf8(c.amount);
+    tableSpec.nonTaxable = c.nonTaxable;
+    tableSpec.advance = QString::fromUtf8(c.advance);
+    const EstimateSummary s = summarize(test::estimateOf(tableSpec), QStringLiteral("240105A.xlsx"));
     EXPECT_EQ(s.totalA, c.a);
     EXPECT_EQ(s.totalB, c.b);
     EXPECT_EQ(s.discount, c.discount);
@@ -116,7 +116,7 @@ class Library : public ::testing::Test
 protected:
     void SetUp() override { ASSERT_EQ(library.open(), QString()); }
 
-    void save(const QString &name, const EstimateSpec &spec) { test::saveWorkbook(folder, name, test::estimateOf(spec)); }
+    void save(const QString &name, const EstimateSpec &tableSpec) { test::saveWorkbook(folder, name, test::estimateOf(tableSpec)); }
     RefreshOutcome refresh(const RefreshProgress &progress = {})
     {
         return applyChanges(library, test::mitsumori(folder), findChanges(library, test::mitsumori(folder)), progress);
@@ -163,10 +163,10 @@ TEST_F(Library, DateRangeAndKindNarrowTheResultsNewestFirst)
     const QDate days[] = {QDate(2024, 1, 5), QDate(2024, 2, 10), QDate(2024, 3, 15), QDate(2023, 12, 31)};
     const int kinds[] = {2, 4, 5, 4};
     for (int i = 0; i < 4; ++i) {
-        EstimateSpec spec;
-        spec.day = days[i];
-        spec.kind = kinds[i];
-        save(QStringLiteral("doc%1.xlsx").arg(i), spec);
+        EstimateSpec tableSpec;
+        tableSpec.day = days[i];
+        tableSpec.kind = kinds[i];
+        save(QStringLiteral("doc%1.xlsx").arg(i), tableSpec);
     }
     refresh();
     EXPECT_EQ(found(LibraryQuery{}), (QStringList{"doc2.xlsx", "doc1.xlsx", "doc0.xlsx", "doc3.xlsx"}));
@@ -216,14 +216,14 @@ TEST_F(Library, DeletedChangedAndBrokenWorkbooksAreNoticed)
 
 TEST_F(Library, ASavedEstimateIsRecordedAsReadingItBackWouldRecordIt)
 {
-    EstimateSpec spec;
-    spec.kind = 4;
-    spec.totalA = 123456;
-    spec.totalB = 7890;
-    spec.discountRate = QStringLiteral("5");
-    spec.nonTaxable = 2500;
-    const Session session = test::estimateOf(spec);
-    save(QStringLiteral("240105A.xlsx"), spec);
+    EstimateSpec tableSpec;
+    tableSpec.kind = 4;
+    tableSpec.totalA = 123456;
+    tableSpec.totalB = 7890;
+    tableSpec.discountRate = QStringLiteral("5");
+    tableSpec.nonTaxable = 2500;
+    const Session session = test::estimateOf(tableSpec);
+    save(QStringLiteral("240105A.xlsx"), tableSpec);
     const QString path = QDir(test::mitsumori(folder)).filePath(QStringLiteral("240105A.xlsx"));
     ASSERT_EQ(recordSaved(library, test::mitsumori(folder), path, session), QString());
     EXPECT_TRUE(findChanges(library, test::mitsumori(folder)).empty());

@@ -77,16 +77,16 @@ protected:
     // Saves a document and adds it to the expected sums when it counts for fiscal 2024 (April).
     void document(int i, int kind, QDate day, qint64 a, qint64 b, int rate, qint64 nonTaxable)
     {
-        test::EstimateSpec spec;
-        spec.kind = kind;
-        spec.day = day;
-        spec.slip = day.toString(QStringLiteral("yyMMdd")) + QStringLiteral("%1").arg(i % 1000, 3, 10, QLatin1Char('0'));
-        spec.customer = QStringLiteral("お客様%1").arg(i);
-        spec.totalA = Yen(a);
-        spec.totalB = Yen(b);
-        spec.discountRate = rate > 0 ? QString::number(rate) : QString();
-        spec.nonTaxable = Yen(nonTaxable);
-        test::saveWorkbook(folder, QStringLiteral("doc%1.xlsx").arg(i), test::estimateOf(spec));
+        test::EstimateSpec tableSpec;
+        tableSpec.kind = kind;
+        tableSpec.day = day;
+        tableSpec.slip = day.toString(QStringLiteral("yyMMdd")) + QStringLiteral("%1").arg(i % 1000, 3, 10, QLatin1Char('0'));
+        tableSpec.customer = QStringLiteral("お客様%1").arg(i);
+        tableSpec.totalA = Yen(a);
+        tableSpec.totalB = Yen(b);
+        tableSpec.discountRate = rate > 0 ? QString::number(rate) : QString();
+        tableSpec.nonTaxable = Yen(nonTaxable);
+        test::saveWorkbook(folder, QStringLiteral("doc%1.xlsx").arg(i), test::estimateOf(tableSpec));
         if (kind < 3 || day < QDate(2024, 4, 1) || day > QDate(2025, 3, 31))
             return;
         const qint64 discount = halfEven(rate * (a + b), 100);

@@ -88,10 +88,10 @@ TEST(EstimateSearch, ASavedEstimateIsFoundByItsCustomerAndOpenedFromTheResults)
 TEST(EstimateSearch, ChoosingAResultSelectsItsFileSoThatOkOpensIt)
 {
     test::Program p;
-    test::EstimateSpec spec;
-    spec.customer = QStringLiteral("佐藤一郎");
-    spec.kind = 4;
-    test::saveWorkbook(p.folder, QStringLiteral("2024/240105佐藤.xlsx"), test::estimateOf(spec));
+    test::EstimateSpec tableSpec;
+    tableSpec.customer = QStringLiteral("佐藤一郎");
+    tableSpec.kind = 4;
+    test::saveWorkbook(p.folder, QStringLiteral("2024/240105佐藤.xlsx"), test::estimateOf(tableSpec));
     QFile broken(p.folder.file(QStringLiteral("Mitsumori/壊れた.xlsx")));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("not a workbook");
@@ -120,9 +120,9 @@ TEST(EstimateSearch, ChoosingAResultSelectsItsFileSoThatOkOpensIt)
 TEST(EstimateSearch, EnterGoesFromTheSearchToTheResultsAndOpensOne)
 {
     test::Program p;
-    test::EstimateSpec spec;
-    spec.customer = QStringLiteral("高橋次郎");
-    test::saveWorkbook(p.folder, QStringLiteral("240105高橋.xlsx"), test::estimateOf(spec));
+    test::EstimateSpec tableSpec;
+    tableSpec.customer = QStringLiteral("高橋次郎");
+    test::saveWorkbook(p.folder, QStringLiteral("240105高橋.xlsx"), test::estimateOf(tableSpec));
     test::saveWorkbook(p.folder, QStringLiteral("240104other.xlsx"), test::estimateOf({}));
     p.start();
     app::AppContext &c = p.context();
