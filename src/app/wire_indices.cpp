@@ -1,7 +1,10 @@
+#include "app/frm_setting.h"
 #include "app/wiring.h"
 #include "db/app_folder.h"
 #include "db/database.h"
 #include "indices/index_value.h"
+#include "indices/sheet_metal_setting.h"
+#include "uikit/table_screen_window.h"
 
 #include <QFileInfo>
 
@@ -16,6 +19,9 @@ void wireIndices(AppContext &context)
     context.startupSteps.append([c] {
         if (QFileInfo::exists(db::resolve(c->appFolder, indices::kPartDb)))
             db::openDatabase(c->appFolder, indices::kPartDb);
+    });
+    c->settings->setScreen(QStringLiteral("Command10"), [c] {
+        ui::showTableScreen(indices::sheetMetalScreen(), c->appFolder, c->messages, c->settings);
     });
 }
 
