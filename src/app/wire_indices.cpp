@@ -1,6 +1,7 @@
 #include "app/wiring.h"
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "indices/index_screens.h"
 #include "indices/index_value.h"
 
 #include <QFileInfo>
@@ -17,6 +18,9 @@ void wireIndices(AppContext &context)
         if (QFileInfo::exists(db::resolve(c->appFolder, indices::kPartDb)))
             db::openDatabase(c->appFolder, indices::kPartDb);
     });
+    context.sheetMetalIndex = [c](QWidget *parent) {
+        return indices::openSheetMetal(c->appFolder, c->messages, parent);
+    };
 }
 
 } // namespace est::app

@@ -3,7 +3,6 @@
 namespace est::masters {
 
 using mastertable::ColumnSpec;
-using mastertable::TableScreen;
 using mastertable::TableSpec;
 
 namespace {
@@ -60,7 +59,7 @@ QStringList colourKindCodes()
     return {QStringLiteral("S"), QStringLiteral("M"), QStringLiteral("2P"), QStringLiteral("3P")};
 }
 
-TableScreen bumperScreen()
+MasterScreen bumperScreen()
 {
     TableSpec base{QStringLiteral("BanpaDB"), QStringLiteral("バンパー指数"),
                    {text("作業", "作業（X:取替 S:修理）").mustHave().oneOf({QStringLiteral("X"), QStringLiteral("S")}),
@@ -75,7 +74,7 @@ TableScreen bumperScreen()
     return {QStringLiteral("frmBSetting"), QStringLiteral("バンパー指数設定"), kPartDb, {base, offVehicle, conditions}};
 }
 
-TableScreen additionalScreen()
+MasterScreen additionalScreen()
 {
     TableSpec tone{QStringLiteral("2ToneDB"), QStringLiteral("2トーンカラー"),
                    QList<ColumnSpec>{text("Tone", "トーン").mustHave(), text("備考", "備考")} + panelColumns("Mai", 6), {0}};
@@ -85,7 +84,7 @@ TableScreen additionalScreen()
              firstRowTable("BoothDB", "塗装ブース（1行目）")}};
 }
 
-TableScreen basicIndexScreen()
+MasterScreen basicIndexScreen()
 {
     TableSpec basic{QStringLiteral("KihonSisuDB"), QStringLiteral("基礎指数"),
                     QList<ColumnSpec>{whole("No", "No"), text("Syaryo", "車種").mustHave().oneOf(vehicleClasses()),
@@ -110,7 +109,7 @@ TableScreen basicIndexScreen()
             {basic, highFunction, material, lowHiding, twoCoat}};
 }
 
-TableScreen paintNameScreen()
+MasterScreen paintNameScreen()
 {
     TableSpec categories{QStringLiteral("TKubunDB"), QStringLiteral("塗装区分"),
                          {text("KCode", "区分コード").mustHave(), text("KName", "区分名")}, {0}};
