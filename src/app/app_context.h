@@ -5,6 +5,7 @@
 #include "common/clock.h"
 #include "common/messages.h"
 #include "common/session.h"
+#include "workitems/index_hand_over.h"
 
 #include <QList>
 #include <QString>
@@ -51,6 +52,8 @@ struct AppContext
     std::function<void()> openWorkbook;
     // Runs the simple estimate over the work item editor: the priced job the user confirmed.
     std::function<std::optional<SimpleEntry>(QWidget *parent)> simpleEstimate;
+    // Opens frmBankin over the work item editor: the remark and index of the grade chosen.
+    workitems::IndexScreen sheetMetalIndex;
 };
 
 } // namespace est::app

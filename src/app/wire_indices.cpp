@@ -2,6 +2,7 @@
 #include "app/wiring.h"
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "indices/index_screens.h"
 #include "indices/index_value.h"
 #include "indices/sheet_metal_setting.h"
 #include "uikit/table_screen_window.h"
@@ -23,6 +24,9 @@ void wireIndices(AppContext &context)
     c->settings->setScreen(QStringLiteral("Command10"), [c] {
         ui::showTableScreen(indices::sheetMetalScreen(), c->appFolder, c->messages, c->settings);
     });
+    context.sheetMetalIndex = [c](QWidget *parent) {
+        return indices::openSheetMetal(c->appFolder, c->messages, parent);
+    };
 }
 
 } // namespace est::app

@@ -43,6 +43,10 @@ void wireWorkItems(AppContext &context)
                 table = choice->currentTable();
             editor = std::make_unique<workitems::FrmSakusei>(c->session, c->messages, std::move(table), c->sheet);
         }
+        if (c->sheetMetalIndex)
+            editor->setSheetMetalScreen(c->sheetMetalIndex);
+        if (c->simpleEstimate)
+            editor->setSimpleEstimate(c->simpleEstimate);
         if (editor->exec() == QDialog::Accepted)
             c->sheet->refreshRows();
     });

@@ -17,7 +17,8 @@ void wireWorkItems(AppContext &context);
 // Customers and vehicles: frmKokyaku from the sheet, dlgNewTouroku and frmKokyakuSett from
 // the settings hub.
 void wireCustomers(AppContext &context);
-// Painting: the sheet's 塗装作成 (dlgToryo, then frmPaint) and the inner-panel table editor.
+// Painting: the sheet's 塗装作成 (dlgToryo, then frmPaint with its bumper and additional-index
+// screens) and the inner-panel table editor.
 void wirePaint(AppContext &context);
 // Bumper, additional and sheet-metal indices: the PartDB upgrade at start-up, frmBankin from
 // the work item editor, dlgBankinSetting from the settings hub.

@@ -215,7 +215,6 @@ void FrmSakusei::buildUi()
     bottom->addWidget(w.cmdCancel);
     layout->addLayout(bottom);
 
-    // The simple estimate and the sheet-metal index open from here once they exist.
     w.cmdEasy->setEnabled(false);
     w.cmdBankin->setEnabled(false);
 
@@ -264,9 +263,33 @@ void FrmSakusei::buildUi()
     command(w.cmdECancel, [this] { m_editor.cancelEdit(); });
     command(w.cmdDel, [this] { m_editor.remove(selectedRow()); });
     command(w.cmdSort, [this] { m_editor.sort(); });
+    connect(w.cmdBankin, &QPushButton::clicked, this, [this] {
+        if (const auto chosen = m_sheetMetal(this)) {
+            m_editor.takeIndex(*chosen);
+            showInputs();
+        }
+    });
+    connect(w.cmdEasy, &QPushButton::clicked, this, [this] {
+        if (const auto entry = m_simpleEstimate(this)) {
+            m_editor.takeSimpleEntry(*entry);
+            showInputs();
+        }
+    });
     connect(w.cmdOK, &QPushButton::clicked, this, &FrmSakusei::handBack);
     connect(w.cmdCancel, &QPushButton::clicked, this, &FrmSakusei::cancelByButton);
     resize(1200, 820);
+}
+
+void FrmSakusei::setSheetMetalScreen(IndexScreen screen)
+{
+    m_sheetMetal = std::move(screen);
+    m_w->cmdBankin->setEnabled(bool(m_sheetMetal));
+}
+
+void FrmSakusei::setSimpleEstimate(SimpleEstimate run)
+{
+    m_simpleEstimate = std::move(run);
+    m_w->cmdEasy->setEnabled(bool(m_simpleEstimate));
 }
 
 // ---- catalogue --------------------------------------------------------------------------

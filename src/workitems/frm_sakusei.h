@@ -6,9 +6,12 @@
 #include "common/session.h"
 #include "uikit/guarded_dialog.h"
 #include "workitems/catalogue.h"
+#include "workitems/index_hand_over.h"
 #include "workitems/work_item_editor.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QComboBox;
 class QLabel;
@@ -30,6 +33,12 @@ public:
     ~FrmSakusei() override;
 
     const WorkItemTable &rows() const { return m_editor.table(); }
+
+    // The screens behind 鈑金指数 and 簡易見積, which live in subsystems built on this one;
+    // each button stays off until its screen is given.
+    using SimpleEstimate = std::function<std::optional<SimpleEntry>(QWidget *parent)>;
+    void setSheetMetalScreen(IndexScreen screen);
+    void setSimpleEstimate(SimpleEstimate run);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -53,6 +62,8 @@ private:
     WorkItemEditor m_editor;
     std::int16_t m_bnum = 0;
     std::int16_t m_knum = 0;
+    IndexScreen m_sheetMetal;
+    SimpleEstimate m_simpleEstimate;
 
     struct Widgets;
     std::unique_ptr<Widgets> m_w;

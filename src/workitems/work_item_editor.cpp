@@ -111,6 +111,28 @@ void WorkItemEditor::quantityTyped(const QString &text)
     recomputePartTotal();
 }
 
+void WorkItemEditor::takeIndex(const IndexHandOver &handOver)
+{
+    m_inputs[WiPartNumber] = handOver.remark;
+    indexTyped(handOver.index);
+}
+
+void WorkItemEditor::takeSimpleEntry(const SimpleEntry &entry)
+{
+    m_inputs[WiPart] = entry.partName;
+    m_inputs[WiWork] = entry.content;
+    m_inputs[WiCatalogueNum].clear();
+    directLabourTyped(QString::number(entry.labour));
+    if (entry.material != 0) {
+        m_inputs[WiUnitPrice] = QString::number(entry.material);
+        m_inputs[WiQuantity] = QStringLiteral("1");
+    } else {
+        m_inputs[WiUnitPrice].clear();
+        m_inputs[WiQuantity].clear();
+    }
+    recomputePartTotal();
+}
+
 void WorkItemEditor::recomputePartTotal()
 {
     for (const int column : {WiUnitPrice, WiQuantity})

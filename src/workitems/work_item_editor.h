@@ -6,6 +6,7 @@
 
 #include "common/messages.h"
 #include "common/session.h"
+#include "workitems/index_hand_over.h"
 #include "workitems/labour.h"
 #include "workitems/work_item_table.h"
 
@@ -52,6 +53,12 @@ public:
     void directLabourTyped(const QString &text);
     void unitPriceTyped(const QString &text);
     void quantityTyped(const QString &text);
+    // The sheet-metal screen's choice: the remark as the part number column, the index as if
+    // typed (labour follows when the rate box holds something).
+    void takeIndex(const IndexHandOver &handOver);
+    // The simple estimate's priced job: part name, work content and labour as typed; a
+    // material cost becomes the part price of one piece (none when it is 0).
+    void takeSimpleEntry(const SimpleEntry &entry);
 
     // ---- the rows ----
     // `selected` is the grid's current row (-1 for none).

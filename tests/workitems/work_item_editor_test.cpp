@@ -5,6 +5,8 @@
 #include "workitems/work_item_editor.h"
 
 #include <gtest/gtest.h>
+#include <array>
+#include <variant>
 
 using namespace est;
 using namespace est::workitems;
@@ -108,3 +110,52 @@ TEST(WorkItemEditor, AnInsertedRowTypedButNotAddedIsAskedAbout)
 }
 
 } // namespace
+
+// What the index screens hand over lands in the inputs as if typed.
+struct HandOverCase
+{
+    const char *what;
+    std::int16_t rate, roundDigits, roundMode;
+    std::variant<IndexHandOver, SimpleEntry> given;
+    // part name, part number, work, index, labour, unit price, quantity, part total
+    std::array<const char *, 8> inputs;
+};
+
+class HandOverTest : public ::testing::TestWithParam<HandOverCase>
+{};
+
+TEST_P(HandOverTest, FillsTheInputLine)
+{
+    const HandOverCase &c = GetParam();
+    EditorWorld x(c.rate);
+    x.session.roundDigits = c.roundDigits;
+    x.session.roundMode = c.roundMode;
+    WorkItemEditor e = x.open();
+    e.setText(WiPart, QStringLiteral("typed before"));
+    if (const auto *index = std::get_if<IndexHandOver>(&c.given))
+        e.takeIndex(*index);
+    else
+        e.takeSimpleEntry(std::get<SimpleEntry>(c.given));
+    const WorkItemColumn columns[] = {WiPart, WiPartNumber, WiWork, WiIndex, WiLabour, WiUnitPrice, WiQuantity,
+                                      WiPartsTotal};
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(e.inputs()[columns[i]], QString::fromUtf8(c.inputs[size_t(i)])) << c.what << " column " << i;
+    e.add();
+    ASSERT_EQ(e.table().count(), 1);
+    EXPECT_TRUE(x.messages.shown.isEmpty());
+}
+
+// 2.35 × 5,000 = 11,750; 1.15 × 4,350 = 5,002.5 -> 5,002 (ties to even), at the ones digit
+// rounded up -> 5,010; a simple entry's labour is taken as typed, never rounded again.
+INSTANTIATE_TEST_SUITE_P(
+    IndexScreens, HandOverTest,
+    ::testing::Values(
+        HandOverCase{"sheet metal", 5000, 0, 0, IndexHandOver{" B : 13d㎡", "2.35"},
+                     {"typed before", " B : 13d㎡", "", "2.35", "11750", "", "", ""}},
+        HandOverCase{"sheet metal, rounded", 4350, 1, 2, IndexHandOver{" A : 5d㎡", "1.15"},
+                     {"typed before", " A : 5d㎡", "", "1.15", "5010", "", "", ""}},
+        HandOverCase{"simple, with material", 4350, 1, 2,
+                     SimpleEntry{"フロントドア", "キズ・ヘコミ修理（小）", 12405, 3900},
+                     {"フロントドア", "", "キズ・ヘコミ修理（小）", "", "12405", "3900", "1", "3900"}},
+        HandOverCase{"simple, no material", 5000, 0, 0, SimpleEntry{"ルーフ", "パネル全面塗装", 36000, 0},
+                     {"ルーフ", "", "パネル全面塗装", "", "36000", "", "", ""}}));
