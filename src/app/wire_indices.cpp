@@ -1,8 +1,11 @@
+#include "app/frm_setting.h"
 #include "app/wiring.h"
 #include "db/app_folder.h"
 #include "db/database.h"
 #include "indices/index_screens.h"
 #include "indices/index_value.h"
+#include "indices/sheet_metal_setting.h"
+#include "uikit/table_screen_window.h"
 
 #include <QFileInfo>
 
@@ -17,6 +20,9 @@ void wireIndices(AppContext &context)
     context.startupSteps.append([c] {
         if (QFileInfo::exists(db::resolve(c->appFolder, indices::kPartDb)))
             db::openDatabase(c->appFolder, indices::kPartDb);
+    });
+    c->settings->setScreen(QStringLiteral("Command10"), [c] {
+        ui::showTableScreen(indices::sheetMetalScreen(), c->appFolder, c->messages, c->settings);
     });
     context.sheetMetalIndex = [c](QWidget *parent) {
         return indices::openSheetMetal(c->appFolder, c->messages, parent);

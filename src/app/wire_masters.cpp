@@ -7,7 +7,7 @@ namespace est::app {
 void wireMasters(AppContext &context)
 {
     AppContext *c = &context;
-    const std::pair<const char *, masters::MasterScreen (*)()> screens[] = {
+    const std::pair<const char *, mastertable::TableScreen (*)()> screens[] = {
         {"Command3", &masters::bumperScreen},
         {"cmdPaintSisu", &masters::additionalScreen},
         {"Command7", &masters::basicIndexScreen},

@@ -1,12 +1,10 @@
 #include "indices/sheet_metal_table.h"
 
 #include "common/number_format.h"
-#include "db/transaction_guard.h"
 #include "indices/index_value.h"
 #include "indices/sheet_metal.h"
 
 #include <QSet>
-#include <QSqlError>
 #include <QSqlQuery>
 
 #include <algorithm>
@@ -37,30 +35,6 @@ QList<SheetMetalRow> SheetMetalTable::rows() const
         return a.area.toInt() < b.area.toInt();
     });
     return rows;
-}
-
-QString SheetMetalTable::replaceRows(const QList<SheetMetalRow> &rows)
-{
-    const QString problem = checkRows(rows);
-    if (!problem.isEmpty())
-        return problem;
-    db::TransactionGuard guard(m_database);
-    if (!guard.started())
-        return m_database.lastError().text();
-    QSqlQuery q(m_database);
-    if (!q.exec(QStringLiteral("DELETE FROM \"bankinsisu\"")))
-        return q.lastError().text();
-    q.prepare(QStringLiteral("INSERT INTO \"bankinsisu\" (\"Area\", \"A\", \"B\", \"C\") VALUES (?, ?, ?, ?)"));
-    for (const SheetMetalRow &row : rows) {
-        q.addBindValue(row.area.trimmed());
-        for (const QString &grade : row.grades)
-            q.addBindValue(*parseDisplayedNumber(grade));
-        if (!q.exec())
-            return q.lastError().text();
-    }
-    if (!guard.commit())
-        return m_database.lastError().text();
-    return {};
 }
 
 QString checkRows(const QList<SheetMetalRow> &rows)

@@ -1,7 +1,7 @@
 #pragma once
 // The sheet-metal index table bankinsisu: per area class ("1" to "40", compared as text) the
-// indices of grades A, B and C. Read by the sheet-metal screen, edited whole by its setting
-// dialog.
+// indices of grades A, B and C. Read by the sheet-metal screen; its setting dialog edits it on
+// the table editor.
 
 #include <QList>
 #include <QSqlDatabase>
@@ -30,16 +30,13 @@ public:
     // Every row, in area-class order; empty when the table cannot be read.
     QList<SheetMetalRow> rows() const;
 
-    // Replaces the whole table by `rows` (checked first with checkRows) in one transaction.
-    // Returns an error text, empty on success; on failure the table is as it was.
-    QString replaceRows(const QList<SheetMetalRow> &rows);
-
 private:
     QSqlDatabase m_database;
 };
 
 // What is wrong with a table the user edited, as a sentence for the user; empty when the area
-// classes are 1 to 40, each once, and every index is a number not below 0.
+// classes are 1 to 40, each once, and every index is a number not below 0. The setting dialog
+// stores a table only when this is empty.
 QString checkRows(const QList<SheetMetalRow> &rows);
 
 } // namespace est::indices

@@ -3,6 +3,7 @@
 namespace est::masters {
 
 using mastertable::ColumnSpec;
+using mastertable::TableScreen;
 using mastertable::TableSpec;
 
 namespace {
@@ -59,7 +60,7 @@ QStringList colourKindCodes()
     return {QStringLiteral("S"), QStringLiteral("M"), QStringLiteral("2P"), QStringLiteral("3P")};
 }
 
-MasterScreen bumperScreen()
+TableScreen bumperScreen()
 {
     TableSpec base{QStringLiteral("BanpaDB"), QStringLiteral("バンパー指数"),
                    {text("作業", "作業（X:取替 S:修理）").mustHave().oneOf({QStringLiteral("X"), QStringLiteral("S")}),
@@ -74,7 +75,7 @@ MasterScreen bumperScreen()
     return {QStringLiteral("frmBSetting"), QStringLiteral("バンパー指数設定"), kPartDb, {base, offVehicle, conditions}};
 }
 
-MasterScreen additionalScreen()
+TableScreen additionalScreen()
 {
     TableSpec tone{QStringLiteral("2ToneDB"), QStringLiteral("2トーンカラー"),
                    QList<ColumnSpec>{text("Tone", "トーン").mustHave(), text("備考", "備考")} + panelColumns("Mai", 6), {0}};
@@ -84,7 +85,7 @@ MasterScreen additionalScreen()
              firstRowTable("BoothDB", "塗装ブース（1行目）")}};
 }
 
-MasterScreen basicIndexScreen()
+TableScreen basicIndexScreen()
 {
     TableSpec basic{QStringLiteral("KihonSisuDB"), QStringLiteral("基礎指数"),
                     QList<ColumnSpec>{whole("No", "No"), text("Syaryo", "車種").mustHave().oneOf(vehicleClasses()),
@@ -109,7 +110,7 @@ MasterScreen basicIndexScreen()
             {basic, highFunction, material, lowHiding, twoCoat}};
 }
 
-MasterScreen paintNameScreen()
+TableScreen paintNameScreen()
 {
     TableSpec categories{QStringLiteral("TKubunDB"), QStringLiteral("塗装区分"),
                          {text("KCode", "区分コード").mustHave(), text("KName", "区分名")}, {0}};

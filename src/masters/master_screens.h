@@ -4,30 +4,22 @@
 // look rows up by the key columns, so those are required, restricted to the values the screens
 // offer where the set is fixed, and unique.
 
-#include "mastertable/column_spec.h"
+#include "mastertable/table_screen.h"
 
 #include <QList>
 #include <QString>
 
 namespace est::masters {
 
-struct MasterScreen
-{
-    QString objectName;  // frmBSetting ...
-    QString title;
-    QString database;    // relative path of the database file
-    QList<mastertable::TableSpec> tables;  // one tab each
-};
-
 // frmBSetting: base bumper index, off-vehicle index, condition additions.
-MasterScreen bumperScreen();
+mastertable::TableScreen bumperScreen();
 // frmFukaSetting: two-tone, door sash, stripe, sealing, wax, booth.
-MasterScreen additionalScreen();
+mastertable::TableScreen additionalScreen();
 // frmKisoSetting: basic index, high-function additions, material coefficients, low-hiding
 // and two-coat solid surcharges.
-MasterScreen basicIndexScreen();
+mastertable::TableScreen basicIndexScreen();
 // frmPaintName: paint categories and the part names in each.
-MasterScreen paintNameScreen();
+mastertable::TableScreen paintNameScreen();
 
 // The vehicle classes and colour-kind codes under which the paint screen looks the basic index up.
 QStringList vehicleClasses();

@@ -1,9 +1,8 @@
 #include "masters/master_window.h"
 
-#include "db/database.h"
 #include "masters/basic_index_gaps.h"
-#include "mastertable/table_store.h"
 #include "uikit/named.h"
+#include "uikit/table_screen_window.h"
 
 #include <QLabel>
 
@@ -30,35 +29,20 @@ void addGapsLine(ui::TableEditorWindow &window, QSqlDatabase database)
 
 } // namespace
 
-std::unique_ptr<ui::TableEditorWindow> makeMasterWindow(const MasterScreen &screen, QSqlDatabase database,
+std::unique_ptr<ui::TableEditorWindow> makeMasterWindow(const mastertable::TableScreen &screen, QSqlDatabase database,
                                                         Messages &messages, QWidget *parent)
 {
-    auto window = std::make_unique<ui::TableEditorWindow>(screen.objectName, screen.title, messages, parent);
-    for (const mastertable::TableSpec &table : screen.tables)
-        window->addTable(table, database);
+    auto window = ui::makeTableScreenWindow(screen, database, messages, parent);
     if (screen.objectName == QStringLiteral("frmKisoSetting"))
         addGapsLine(*window, database);
     return window;
 }
 
-void showMasterScreen(const MasterScreen &screen, const QString &appFolder, Messages &messages, QWidget *parent)
+void showMasterScreen(const mastertable::TableScreen &screen, const QString &appFolder, Messages &messages,
+                      QWidget *parent)
 {
-    const db::OpenResult opened = db::openDatabase(appFolder, screen.database);
-    if (!opened.ok()) {
-        messages.inform(opened.error, screen.title, MessageIcon::Critical);
-        return;
-    }
-    // One notice for a database that lacks the screen's tables, rather than one per tab.
-    QStringList problems;
-    for (const mastertable::TableSpec &table : screen.tables)
-        if (QString problem = mastertable::TableStore(opened.database, table).checkLayout(); !problem.isEmpty())
-            problems << problem;
-    if (!problems.isEmpty()) {
-        messages.inform(problems.join(QLatin1Char('\n')) + QStringLiteral("\n%1を開けません。").arg(screen.title),
-                        screen.title, MessageIcon::Critical);
-        return;
-    }
-    makeMasterWindow(screen, opened.database, messages, parent)->exec();
+    if (const std::optional<QSqlDatabase> database = ui::openScreenDatabase(screen, appFolder, messages))
+        makeMasterWindow(screen, *database, messages, parent)->exec();
 }
 
 } // namespace est::masters

@@ -12,12 +12,12 @@
 namespace est::masters {
 
 // The screen over an open database (tests and the gallery hand in their own).
-std::unique_ptr<ui::TableEditorWindow> makeMasterWindow(const MasterScreen &screen, QSqlDatabase database,
+std::unique_ptr<ui::TableEditorWindow> makeMasterWindow(const mastertable::TableScreen &screen, QSqlDatabase database,
                                                         Messages &messages, QWidget *parent = nullptr);
 
 // Opens the screen's database below the application folder and shows the screen modally;
-// a database that cannot be opened is reported and nothing is shown.
-void showMasterScreen(const MasterScreen &screen, const QString &appFolder, Messages &messages,
+// a database that cannot be opened or lacks a table is reported and nothing is shown.
+void showMasterScreen(const mastertable::TableScreen &screen, const QString &appFolder, Messages &messages,
                       QWidget *parent = nullptr);
 
 } // namespace est::masters

@@ -25,15 +25,15 @@ QString withoutLeadingZeros(const QString &digits)
 
 CellCheck refuse(const QString &reason) { return {QString(), reason}; }
 
-CellCheck checkWhole(const QString &typed)
+CellCheck checkWhole(const QString &typed, qint64 limit)
 {
     static const QRegularExpression digits(QStringLiteral("^[0-9]+$"));
     const QString s = asciiNumberText(typed);
     if (!digits.match(s).hasMatch())
         return refuse(QStringLiteral("0以上の整数を入力してください。"));
     const QString trimmed = withoutLeadingZeros(s);
-    if (trimmed.size() > 10 || trimmed.toLongLong() > kWholeLimit)
-        return refuse(QStringLiteral("大きすぎます（%1まで）。").arg(kWholeLimit));
+    if (trimmed.size() > 10 || trimmed.toLongLong() > limit)
+        return refuse(QStringLiteral("大きすぎます（%1まで）。").arg(limit));
     return {trimmed, {}};
 }
 
@@ -100,7 +100,7 @@ CellCheck checkCell(const ColumnSpec &column, const QString &typed)
     CellCheck result;
     switch (column.kind) {
     case ColumnKind::Text: result = checkText(column, typed); break;
-    case ColumnKind::WholeNumber: result = checkWhole(typed); break;
+    case ColumnKind::WholeNumber: result = checkWhole(typed, column.maxValue > 0 ? column.maxValue : kWholeLimit); break;
     case ColumnKind::Index2: result = checkIndex(typed); break;
     }
     if (result.ok() && !column.choices.isEmpty() && !column.choices.contains(result.value))

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace est::mastertable {
@@ -30,8 +31,10 @@ struct ColumnSpec
     ColumnKind kind = ColumnKind::Text;
     bool required = false;
     int maxLength = 0;         // text only; 0 = no limit
+    qint64 maxValue = 0;       // whole numbers only; 0 = up to 32 bits
     QStringList choices;       // when not empty, the only values allowed
     std::optional<Reference> reference;
+    QList<Reference> dependents;  // columns of other tables that hold values of this one
 
     static ColumnSpec text(const QString &field, const QString &caption);
     static ColumnSpec whole(const QString &field, const QString &caption);
@@ -39,10 +42,17 @@ struct ColumnSpec
 
     ColumnSpec &mustHave() { required = true; return *this; }
     ColumnSpec &atMost(int length) { maxLength = length; return *this; }
+    ColumnSpec &upTo(qint64 value) { maxValue = value; return *this; }
     ColumnSpec &oneOf(const QStringList &values) { choices = values; return *this; }
     ColumnSpec &references(const QString &table, const QString &refField)
     {
         reference = Reference{table, refField};
+        return *this;
+    }
+    // A value still held in that column of another table may not disappear from this one.
+    ColumnSpec &usedIn(const QString &table, const QString &field)
+    {
+        dependents << Reference{table, field};
         return *this;
     }
 };
@@ -53,6 +63,9 @@ struct TableSpec
     QString caption;  // tab caption, message titles
     QList<ColumnSpec> columns;
     QList<int> key;   // columns that together must be unique (empty: no key)
+    // A rule over all the rows about to be stored (every area class present ...): the reason
+    // the table cannot be stored, empty when it can.
+    std::function<QString(const QList<QStringList> &rows)> wholeTableCheck;
 
     int columnOf(const QString &field) const;
 };

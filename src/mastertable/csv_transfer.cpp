@@ -109,6 +109,10 @@ ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEnco
         }
         return report;
     }
+    if (const QStringList whole = wholeTableProblems(store, rows); !whole.isEmpty()) {
+        report.error = whole.join(QLatin1Char('\n'));
+        return report;
+    }
     if (report.error = store.replaceAll(rows); !report.error.isEmpty())
         return report;
     report.applied = true;

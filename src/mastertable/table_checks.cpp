@@ -2,6 +2,9 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
+
+#include <algorithm>
 
 namespace est::mastertable {
 
@@ -61,6 +64,42 @@ QList<Problem> missingReferences(const TableStore &store, const QList<QStringLis
                                               .arg(value, column.reference->table)};
         }
     }
+    return problems;
+}
+
+QStringList wholeTableProblems(const TableStore &store, const QList<QStringList> &rows)
+{
+    QStringList problems;
+    const TableSpec &tableSpec = store.tableSpec();
+    for (int c = 0; c < tableSpec.columns.size(); ++c) {
+        const ColumnSpec &column = tableSpec.columns.at(c);
+        QSet<QString> kept;
+        for (const QStringList &row : rows)
+            kept.insert(row.value(c));
+        for (const Reference &dependent : column.dependents) {
+            QString error;
+            QStringList gone = store.referencedValues(dependent, &error).subtract(kept).values();
+            if (!error.isEmpty()) {
+                problems << error;
+                continue;
+            }
+            std::sort(gone.begin(), gone.end(), [](const QString &a, const QString &b) {
+                return a.size() != b.size() ? a.size() < b.size() : a < b;  // 2 before 10
+            });
+            if (gone.isEmpty())
+                continue;
+            QString values;
+            for (const QString &value : gone.mid(0, 10))
+                values += QStringLiteral("「%1」").arg(value);
+            if (gone.size() > 10)
+                values += QStringLiteral("ほか%1件").arg(gone.size() - 10);
+            problems << QStringLiteral("%1%2は %3 で使われているため、消せません。先にそちらを変えてください。")
+                            .arg(column.caption, values, dependent.table);
+        }
+    }
+    if (tableSpec.wholeTableCheck)
+        if (const QString problem = tableSpec.wholeTableCheck(rows); !problem.isEmpty())
+            problems << problem;
     return problems;
 }
 

@@ -29,4 +29,9 @@ QList<Problem> duplicateKeys(const TableSpec &tableSpec, const QList<QStringList
 QList<Problem> missingReferences(const TableStore &store, const QList<QStringList> &rows,
                                  const QList<int> &rowsToCheck);
 
+// What is wrong with `rows` as the whole new content of the table: values that other tables
+// still use but the rows no longer hold, and the table's own whole-table rule. One sentence
+// each; empty when the rows may be stored.
+QStringList wholeTableProblems(const TableStore &store, const QList<QStringList> &rows);
+
 } // namespace est::mastertable

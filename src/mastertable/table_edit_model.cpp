@@ -120,6 +120,13 @@ SaveOutcome TableEditModel::save()
         outcome.message += QStringLiteral("\n保存していません。");
         return outcome;
     }
+    QList<QStringList> newContent;
+    for (int r : kept)
+        newContent << m_rows.at(r).values;
+    if (const QStringList problems = wholeTableProblems(m_store, newContent); !problems.isEmpty()) {
+        outcome.message = problems.join(QLatin1Char('\n')) + QStringLiteral("\n保存していません。");
+        return outcome;
+    }
     TableChanges changes;
     changes.deleted = m_deleted;
     for (int r : kept) {

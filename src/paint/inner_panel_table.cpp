@@ -17,4 +17,10 @@ mastertable::TableSpec innerPanelTableSpec()
             {0}};
 }
 
+mastertable::TableScreen innerPanelScreen()
+{
+    return {QStringLiteral("dlgNaibanSetting"), QStringLiteral("内板指数設定"), QStringLiteral("temp\\PartDB.mdb"),
+            {innerPanelTableSpec()}, {}};
+}
+
 } // namespace est::paint

@@ -1,6 +1,10 @@
-// Area classes of a dent, the grade remark, and the sheet-metal table with its checks.
+// Area classes of a dent, the grade remark, and the sheet-metal table with its checks and its
+// setting on the table editor.
 #include "indices/sheet_metal.h"
+#include "indices/sheet_metal_setting.h"
 #include "indices/sheet_metal_table.h"
+#include "mastertable/csv_transfer.h"
+#include "mastertable/table_edit_model.h"
 #include "part_db_fixture.h"
 
 using namespace est;
@@ -52,14 +56,6 @@ TEST(SheetMetalInput, SizesAndRemarks)
 
 class SheetMetalTableTest : public test::PartDbTest
 {
-protected:
-    QList<SheetMetalRow> fullTable()
-    {
-        QList<SheetMetalRow> rows;
-        for (int a = 1; a <= kAreaClasses; ++a)
-            rows.append({QString::number(a), {QString::number(a), QString::number(a) + ".5", QString::number(a * 2)}});
-        return rows;
-    }
 };
 
 TEST_F(SheetMetalTableTest, SampleHasEveryClassWithGradesRising)
@@ -76,19 +72,87 @@ TEST_F(SheetMetalTableTest, SampleHasEveryClassWithGradesRising)
     EXPECT_EQ(table.grades(41), std::nullopt);
 }
 
-TEST_F(SheetMetalTableTest, ReplacesTheWholeTableOrNothing)
+// dlgBankinSetting's rules on the table editor's held edits: a changed index is stored and read
+// back by the sheet-metal screen's lookup; a table without every class is not stored.
+TEST_F(SheetMetalTableTest, TheSettingStoresAChangedIndexOnlyWithEveryClass)
 {
+    mastertable::TableEditModel model(mastertable::TableStore(database, sheetMetalScreen().tables.first()));
+    ASSERT_EQ(model.rowCount(), kAreaClasses);
+    ASSERT_EQ(model.text(12, 0), "13");
+    EXPECT_EQ(model.text(12, 2), "2.35");
+    ASSERT_TRUE(model.setData(model.index(12, 1), QStringLiteral("1.25")));
+    ASSERT_TRUE(model.setData(model.index(12, 3), QStringLiteral("０")));
+    ASSERT_TRUE(model.save().saved);
     SheetMetalTable table(database);
-    QList<SheetMetalRow> rows = fullTable();
-    rows[12].grades = {"1.25", "2", "0"};
-    EXPECT_EQ(table.replaceRows(rows), "");
-    EXPECT_EQ(table.grades(13), (std::array<QString, 3>{"1.25", "2", "0"}));
-    EXPECT_EQ(table.rows().size(), kAreaClasses);
+    EXPECT_EQ(table.grades(13), (std::array<QString, 3>{"1.25", "2.35", "0"}));
 
-    QList<SheetMetalRow> broken = fullTable();
-    broken[5].grades[1] = "-0.5";
-    EXPECT_FALSE(table.replaceRows(broken).isEmpty());
-    EXPECT_EQ(table.grades(13), (std::array<QString, 3>{"1.25", "2", "0"}));
+    model.removeHeldRows({39});
+    const mastertable::SaveOutcome outcome = model.save();
+    EXPECT_FALSE(outcome.saved);
+    EXPECT_EQ(outcome.message, "面積区分 40 がありません。1 から 40 まですべて入力してください。\n保存していません。");
+    EXPECT_EQ(table.rows().size(), kAreaClasses);
+}
+
+// The sample file exported and read back with one class dropped is refused as a whole.
+TEST_F(SheetMetalTableTest, AnImportWithoutEveryClassChangesNothing)
+{
+    const mastertable::TableStore store(database, sheetMetalScreen().tables.first());
+    QString error;
+    const QByteArray exported = mastertable::exportCsv(store, &error);
+    ASSERT_EQ(error, "");
+    QList<QByteArray> lines = exported.split('\n');
+    ASSERT_EQ(lines.size(), kAreaClasses + 2);  // header, 40 rows, the empty text after the last line end
+    EXPECT_EQ(QString::fromUtf8(lines.at(13)).trimmed(), "13,1.50,2.35,3.30");
+    lines[13] = "13,1.60,2.35,3.30\r";
+    mastertable::ImportReport report = mastertable::importCsv(store, lines.join('\n'), mastertable::CsvEncoding::Auto);
+    EXPECT_TRUE(report.applied) << report.summary().toStdString();
+    EXPECT_EQ(SheetMetalTable(database).grades(13), (std::array<QString, 3>{"1.6", "2.35", "3.3"}));
+
+    lines[13] = "13,1.70,2.35,3.30\r";
+    lines.removeAt(21);
+    report = mastertable::importCsv(store, lines.join('\n'), mastertable::CsvEncoding::Auto);
+    EXPECT_FALSE(report.applied);
+    EXPECT_EQ(report.summary(), "面積区分 21 がありません。1 から 40 まですべて入力してください。\n表は変更していません。");
+    EXPECT_EQ(SheetMetalTable(database).grades(13), (std::array<QString, 3>{"1.6", "2.35", "3.3"}));
+}
+
+struct SettingRefusal
+{
+    int column;
+    const char *typed;
+    const char *message;
+};
+
+class SheetMetalSettingRefusal : public SheetMetalTableTest, public ::testing::WithParamInterface<SettingRefusal> {};
+
+TEST_P(SheetMetalSettingRefusal, NamesTheCellAndKeepsTheValue)
+{
+    mastertable::TableEditModel model(mastertable::TableStore(database, sheetMetalScreen().tables.first()));
+    QString message;
+    QObject::connect(&model, &mastertable::TableEditModel::refused,
+                     [&](int, int, const QString &, const QString &m) { message = m; });
+    const QString before = model.text(4, GetParam().column);
+    EXPECT_FALSE(model.setData(model.index(4, GetParam().column), QString::fromUtf8(GetParam().typed)));
+    EXPECT_EQ(message, QString::fromUtf8(GetParam().message));
+    EXPECT_EQ(model.text(4, GetParam().column), before);
+    EXPECT_FALSE(model.isDirty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, SheetMetalSettingRefusal,
+    ::testing::Values(SettingRefusal{1, "abc", "5行目「A（軽度）」：0以上の数値を小数2桁までで入力してください。"},
+                      SettingRefusal{2, "-0.5", "5行目「B（中度）」：0以上の数値を小数2桁までで入力してください。"},
+                      SettingRefusal{3, "1.255", "5行目「C（重度）」：0以上の数値を小数2桁までで入力してください。"},
+                      SettingRefusal{0, "41", "5行目「面積区分（d㎡）」：次のどれかを入力してください：1、2、3、4、5、6、7、8、9、10、11、12、13、14、15、16、17、18、19、20、21、22、23、24、25、26、27、28、29、30、31、32、33、34、35、36、37、38、39、40"},
+                      SettingRefusal{0, "", "5行目「面積区分（d㎡）」：値を入力してください。"}));
+
+TEST_F(SheetMetalTableTest, AClassTwiceIsRefusedOnSaving)
+{
+    mastertable::TableEditModel model(mastertable::TableStore(database, sheetMetalScreen().tables.first()));
+    ASSERT_TRUE(model.setData(model.index(4, 0), QStringLiteral("４")));
+    const mastertable::SaveOutcome outcome = model.save();
+    EXPECT_FALSE(outcome.saved);
+    EXPECT_EQ(outcome.message, "5行目「面積区分（d㎡）」：「面積区分（d㎡）」が4行目と同じです。\n保存していません。");
 }
 
 TEST_F(SheetMetalTableTest, MissingTableFindsNothing)
@@ -97,7 +161,6 @@ TEST_F(SheetMetalTableTest, MissingTableFindsNothing)
     SheetMetalTable table(database);
     EXPECT_EQ(table.grades(13), std::nullopt);
     EXPECT_TRUE(table.rows().isEmpty());
-    EXPECT_FALSE(table.replaceRows(fullTable()).isEmpty());
 }
 
 struct CheckCase

@@ -3,7 +3,6 @@
 #include "mastertable/table_store.h"
 #include "masters/basic_index_gaps.h"
 #include "masters/master_screens.h"
-#include "part_db_tables.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -17,7 +16,7 @@ namespace {
 struct ScreenCase
 {
     const char *name;
-    MasterScreen (*describe)();
+    mastertable::TableScreen (*describe)();
 };
 
 class MasterScreenTest : public ::testing::TestWithParam<ScreenCase> {};
@@ -29,9 +28,8 @@ class MasterScreenTest : public ::testing::TestWithParam<ScreenCase> {};
 TEST_P(MasterScreenTest, DescriptionFitsTheDatabaseAndItsSampleRows)
 {
     test::TempAppFolder folder;
-    const MasterScreen screen = GetParam().describe();
+    const mastertable::TableScreen screen = GetParam().describe();
     EXPECT_EQ(screen.objectName, QString::fromUtf8(GetParam().name));
-    SKIP_WITHOUT_TABLES(folder.path(), screen);
     const db::OpenResult opened = db::openDatabase(folder.path(), screen.database);
     ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
     for (const mastertable::TableSpec &tableSpec : screen.tables) {
@@ -65,7 +63,6 @@ INSTANTIATE_TEST_SUITE_P(Screens, MasterScreenTest,
 TEST(BasicIndexGaps, ListsTheCombinationsThePaintScreenCanAskFor)
 {
     test::TempAppFolder folder;
-    SKIP_WITHOUT_TABLES(folder.path(), basicIndexScreen());
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     ASSERT_TRUE(opened.ok());
     QString error;
@@ -92,7 +89,6 @@ TEST(BasicIndexGaps, DescribesNoneAndMany)
 TEST(BasicIndexGaps, MissingTableIsReported)
 {
     test::TempAppFolder folder;
-    SKIP_WITHOUT_TABLES(folder.path(), basicIndexScreen());
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     ASSERT_TRUE(opened.ok());
     QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE KihonSisuDB"));

@@ -1,7 +1,6 @@
 #include "db/database.h"
 #include "grid_typing.h"
 #include "mastertable/table_edit_model.h"
-#include "part_db_tables.h"
 #include "program_fixture.h"
 #include "uikit/table_editor.h"
 
@@ -53,7 +52,6 @@ struct HubTest : ::testing::Test
 
 struct ScreenCase
 {
-    masters::MasterScreen (*describe)();
     const char *button;
     const char *screen;
     int tabs;
@@ -71,7 +69,6 @@ class HubScreenTest : public HubTest, public ::testing::WithParamInterface<Scree
 TEST_P(HubScreenTest, OpensFromTheHubAndRefusesBadInput)
 {
     const ScreenCase &c = GetParam();
-    SKIP_WITHOUT_TABLES(program.folder.path(), c.describe());
     const QString table = QString::fromUtf8(c.table);
     const QString countSql = QStringLiteral("SELECT COUNT(*), TOTAL(rowid) FROM %1").arg(db::quoteIdentifier(table));
     const QString before = value(countSql);
@@ -101,14 +98,13 @@ TEST_P(HubScreenTest, OpensFromTheHubAndRefusesBadInput)
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, HubScreenTest,
-                         ::testing::Values(ScreenCase{&masters::bumperScreen, "Command3", "frmBSetting", 3, "BanpaDB", 5},
-                                           ScreenCase{&masters::additionalScreen, "cmdPaintSisu", "frmFukaSetting", 6, "2ToneDB", 2},
-                                           ScreenCase{&masters::basicIndexScreen, "Command7", "frmKisoSetting", 5, "KihonSisuDB", 4}),
+                         ::testing::Values(ScreenCase{"Command3", "frmBSetting", 3, "BanpaDB", 5},
+                                           ScreenCase{"cmdPaintSisu", "frmFukaSetting", 6, "2ToneDB", 2},
+                                           ScreenCase{"Command7", "frmKisoSetting", 5, "KihonSisuDB", 4}),
                          [](const auto &info) { return std::string(info.param.screen); });
 
 TEST_F(HubTest, PaintNamesRefuseAnUnknownCategoryAndKeepAnApostrophe)
 {
-    SKIP_WITHOUT_TABLES(program.folder.path(), masters::paintNameScreen());
     withScreen("Command5", "frmPaintName", [&](ui::TableEditorWindow *window) {
         ui::TableEditor *parts = window->editor(QStringLiteral("PaintDB"));
         ASSERT_NE(parts, nullptr);
@@ -130,7 +126,6 @@ TEST_F(HubTest, PaintNamesRefuseAnUnknownCategoryAndKeepAnApostrophe)
 
 TEST_F(HubTest, BasicIndexScreenShowsMissingCombinationsAfterSaving)
 {
-    SKIP_WITHOUT_TABLES(program.folder.path(), masters::basicIndexScreen());
     withScreen("Command7", "frmKisoSetting", [&](ui::TableEditorWindow *window) {
         auto *missing = window->findChild<QLabel *>(QStringLiteral("lblMissing"));
         ASSERT_NE(missing, nullptr);
