@@ -6,6 +6,7 @@
 
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
+#include "common/quiet_messages.h"
 #include "common/session.h"
 #include "sheet/frm_mitumori.h"
 #include "sheet/totals_chain.h"
@@ -17,18 +18,6 @@
 #include <sys/resource.h>
 
 namespace {
-
-class SilentMessages final : public est::Messages
-{
-public:
-    void inform(const QString &, const QString &, est::MessageIcon) override {}
-    est::Answer askYesNo(const QString &, const QString &, est::MessageIcon) override { return est::Answer::No; }
-    est::Answer askYesNoCancel(const QString &, const QString &, est::MessageIcon) override
-    {
-        return est::Answer::Cancel;
-    }
-    void beep() override {}
-};
 
 double peakRssMb()
 {
@@ -65,7 +54,7 @@ void BM_StartupToStartDialog(benchmark::State &state)
     QTemporaryDir folder;
     for (auto _ : state) {
         est::Session session;
-        SilentMessages messages;
+        est::QuietMessages messages;
         est::SystemClock clock;
         est::app::AppController controller(session, messages, clock, folder.path());
         controller.start(0);
@@ -80,7 +69,7 @@ void BM_RecomputeTotals394Rows(benchmark::State &state)
 {
     est::Session session;
     fillEstimate(session);
-    SilentMessages messages;
+    est::QuietMessages messages;
     est::sheet::FrmMitumori sheet(session, messages);
     sheet.refresh();
     est::Yen extra = 0;
@@ -97,7 +86,7 @@ void BM_RebuildGrid394Rows(benchmark::State &state)
 {
     est::Session session;
     fillEstimate(session);
-    SilentMessages messages;
+    est::QuietMessages messages;
     est::sheet::FrmMitumori sheet(session, messages);
     for (auto _ : state)
         sheet.refreshRows();

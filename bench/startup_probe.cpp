@@ -5,6 +5,7 @@
 #include "app/app_controller.h"
 #include "app/application_setup.h"
 #include "app/dlg_hajime.h"
+#include "common/quiet_messages.h"
 #include "db/app_folder.h"
 #include "uikit/message_box_messages.h"
 
@@ -14,19 +15,6 @@
 
 namespace {
 
-// Start-up questions (a missing company file) are answered No, so nothing waits for a person.
-class NoMessages final : public est::Messages
-{
-public:
-    void inform(const QString &, const QString &, est::MessageIcon) override {}
-    est::Answer askYesNo(const QString &, const QString &, est::MessageIcon) override { return est::Answer::No; }
-    est::Answer askYesNoCancel(const QString &, const QString &, est::MessageIcon) override
-    {
-        return est::Answer::Cancel;
-    }
-    void beep() override {}
-};
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -34,7 +22,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     est::app::setUpApplication(application);
     est::Session session;
-    NoMessages messages;
+    est::QuietMessages messages;
     est::SystemClock clock;
     est::app::AppController controller(session, messages, clock, est::db::applicationFolder());
     controller.start();

@@ -3,6 +3,7 @@
 // next customer number, the same search through the screen, and opening the customer screen
 // (construct + load, offscreen).
 
+#include "common/quiet_messages.h"
 #include "common/session.h"
 #include "customers/customer_store.h"
 #include "customers/frm_kokyaku.h"
@@ -26,16 +27,6 @@ namespace {
 constexpr int kCustomers = 100000;
 constexpr int kVehicles = 150000;
 
-class SilentMessages final : public Messages
-{
-public:
-    void inform(const QString &, const QString &, MessageIcon) override { ++shown; }
-    Answer askYesNo(const QString &, const QString &, MessageIcon) override { return Answer::No; }
-    Answer askYesNoCancel(const QString &, const QString &, MessageIcon) override { return Answer::Cancel; }
-    void beep() override {}
-    int shown = 0;
-};
-
 struct World
 {
     QTemporaryDir folder;
@@ -43,7 +34,7 @@ struct World
     std::unique_ptr<SettingLists> settings;
     QStringList names;
     Session session;
-    SilentMessages messages;
+    est::QuietMessages messages;
 };
 
 World *world = nullptr;

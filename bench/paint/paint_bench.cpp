@@ -5,6 +5,7 @@
 //
 //   build/bench/paint/paint_bench
 
+#include "common/quiet_messages.h"
 #include "paint/frm_paint.h"
 
 #include <QApplication>
@@ -15,15 +16,6 @@ using namespace est;
 using namespace est::paint;
 
 namespace {
-
-class SilentMessages final : public Messages
-{
-public:
-    void inform(const QString &, const QString &, MessageIcon) override {}
-    Answer askYesNo(const QString &, const QString &, MessageIcon) override { return Answer::No; }
-    Answer askYesNoCancel(const QString &, const QString &, MessageIcon) override { return Answer::Cancel; }
-    void beep() override {}
-};
 
 PaintLine sampleLine(int i)
 {
@@ -51,7 +43,7 @@ Session paintedEstimate(int lines)
 void BM_OpenFrmPaint(benchmark::State &state)
 {
     QTemporaryDir folder;
-    SilentMessages messages;
+    est::QuietMessages messages;
     Session session = paintedEstimate(kMaxPaintLines);
     QString error;
     PaintMasters::open(folder.path(), &error); // the sample database is made once, as on a first start

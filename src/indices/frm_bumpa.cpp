@@ -2,6 +2,7 @@
 
 #include "common/number_format.h"
 #include "indices/index_value.h"
+#include "uikit/dialog_buttons.h"
 #include "uikit/named.h"
 
 #include <QCheckBox>
@@ -85,15 +86,10 @@ FrmBumpa::FrmBumpa(QSqlDatabase partDb, BumperSettings settings, const BumperSta
     shared->addWidget(new QLabel(QStringLiteral("円"), this));
     layout->addLayout(shared);
 
-    auto *buttons = new QHBoxLayout;
-    auto *ok = named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
-    auto *cancel = named(new QPushButton(QStringLiteral("キャンセル"), this), "cmdCancel");
-    ok->setAutoDefault(false);
-    cancel->setAutoDefault(false);
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    layout->addLayout(buttons);
+    const ui::DialogButtons buttons = ui::dialogButtons(this);
+    QPushButton *ok = buttons.ok;
+    QPushButton *cancel = buttons.cancel;
+    layout->addLayout(buttons.row);
 
     if (kept.entered)
         m_calculation.restore(kept.lines);

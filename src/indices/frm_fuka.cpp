@@ -2,6 +2,7 @@
 
 #include "common/number_format.h"
 #include "indices/count_box.h"
+#include "uikit/dialog_buttons.h"
 #include "uikit/named.h"
 
 #include <QCheckBox>
@@ -135,15 +136,10 @@ FrmFuka::FrmFuka(QSqlDatabase partDb, FukaSettings settings, const AdditionalSta
     grid->addWidget(m_total, kAdditionalItems + 1, 4);
     layout->addLayout(grid);
 
-    auto *buttons = new QHBoxLayout;
-    auto *ok = named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
-    auto *cancel = named(new QPushButton(QStringLiteral("キャンセル"), this), "cmdCancel");
-    ok->setAutoDefault(false);
-    cancel->setAutoDefault(false);
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    layout->addLayout(buttons);
+    const ui::DialogButtons buttons = ui::dialogButtons(this);
+    QPushButton *ok = buttons.ok;
+    QPushButton *cancel = buttons.cancel;
+    layout->addLayout(buttons.row);
 
     if (kept.entered)
         m_calculation.restore(kept.items);

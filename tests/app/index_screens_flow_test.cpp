@@ -8,6 +8,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -107,6 +109,18 @@ void priceAdditional(QDialog *d)
     click(d, "cmdOK");
 }
 
+// A new estimate for a vehicle whose parts catalogue is chosen, at a labour rate of 5,000.
+void newEstimate(test::Program &p)
+{
+    p.context().start->button("cmdSin")->click();
+    ASSERT_TRUE(p.context().sheet->isVisible());
+    p.session.labourRate = 5000;
+    p.session.maker = QStringLiteral("日産");
+    p.session.makerDb = QStringLiteral("Nissan");
+    p.session.vehicleType = QStringLiteral("ミニバン");
+    p.session.typeTable = QStringLiteral("T_Minivan");
+}
+
 QStringList sheetTexts(test::Program &p)
 {
     QStringList texts;
@@ -127,16 +141,10 @@ TEST(IndexScreensFlow, SheetMetalSimpleBumperAndAdditionalSavedAndReopened)
     test::Program p;
     p.start();
     app::AppContext &c = p.context();
-    c.start->button("cmdSin")->click();
-    ASSERT_TRUE(c.sheet->isVisible());
-    // Labour rate 5,000; the shop rounds labour at the ones digit, half up.
-    p.session.labourRate = 5000;
+    newEstimate(p);
+    // The shop rounds labour at the ones digit, half up.
     p.session.roundDigits = 1;
     p.session.roundMode = 1;
-    p.session.maker = QStringLiteral("日産");
-    p.session.makerDb = QStringLiteral("Nissan");
-    p.session.vehicleType = QStringLiteral("ミニバン");
-    p.session.typeTable = QStringLiteral("T_Minivan");
 
     whenModal(QStringLiteral("frmSakusei"), [&p](QDialog *editor) {
         // A 30 cm × 45 cm dent: 13 d㎡, grade B, index 2.35 × 5,000 = 11,750.
@@ -280,4 +288,36 @@ TEST(IndexScreensFlow, CancelOnThePaintScreenDropsTheBumperChoice)
     EXPECT_FALSE(p.session.bumper.entered);
     EXPECT_EQ(p.session.totals.bumperPaint, 0);
     EXPECT_EQ(p.sheetChild<QLabel>("lblBumpa")->text(), QString());
+}
+
+// A unit-price file that is no database: 簡易見積 says so and the editor goes on with what
+// was typed.
+TEST(IndexScreensFlow, ADamagedUnitPriceFileIsReportedAndTheEditorStaysUsable)
+{
+    test::Program p;
+    p.start();
+    app::AppContext &c = p.context();
+    newEstimate(p);
+    p.session.simple = {1, 1, 2, 1};
+    QDir().mkpath(p.folder.file(QStringLiteral("Data")));
+    QFile damaged(p.folder.file(QStringLiteral("Data/EasyEstimate.sqlite")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write(QByteArray(4096, 'x'));
+    damaged.close();
+
+    whenModal(QStringLiteral("frmSakusei"), [&p](QDialog *editor) {
+        child<QLineEdit>(editor, "txtBuhin")->setText(QStringLiteral("ボンネット"));
+        QTest::keyClicks(child<QLineEdit>(editor, "txtSisu"), "1.2");
+        click(editor, "cmdEasy");
+        EXPECT_TRUE(p.messages.lastText().contains(QStringLiteral("Data/EasyEstimate.sqlite")))
+            << p.messages.lastText().toStdString();
+        EXPECT_TRUE(editor->isVisible());
+        EXPECT_EQ(text(editor, "txtBuhin"), "ボンネット");
+        EXPECT_EQ(text(editor, "lblKKei"), "6000");
+        click(editor, "cmdAdd");
+        click(editor, "cmdOK");
+    });
+    click(c.sheet, "cmdSakusei");
+    ASSERT_EQ(p.session.rows.size(), 1);
+    EXPECT_EQ(p.sheetChild<QLabel>("lblKoutin")->text(), QStringLiteral("6,000"));
 }

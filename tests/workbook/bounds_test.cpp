@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -242,3 +243,72 @@ TEST(HostileShapes, OnlyAsciiHexDigitsFormAnEscape)
         EXPECT_EQ(cellText(again->sheet(QStringLiteral("D"))->value(2, 1)), text);
     }
 }
+
+namespace {
+
+// The template with the compressed data of one part damaged: the bytes in the middle of the
+// part's data are flipped, so inflating it fails or its checksum no longer matches.
+QByteArray templateWithDamagedPart(const QString &name)
+{
+    QByteArray zip = templateBytes();
+    const QByteArray raw = test::rawEntry(zip, name);
+    const qsizetype at = zip.indexOf(raw);
+    if (raw.isEmpty() || at < 0)
+        return {};
+    for (qsizetype i = raw.size() / 2; i < std::min(raw.size(), raw.size() / 2 + 8); ++i)
+        zip[at + i] = char(~zip.at(at + i));
+    return zip;
+}
+
+QStringList templatePartNames()
+{
+    QStringList names;
+    for (const auto &[name, data] : test::unzipParts(templateBytes()))
+        names << name;
+    return names;
+}
+
+} // namespace
+
+// Every part of the template, the ones the save path copies as they are among them: a
+// damaged one is named as a template that cannot be read, and the estimate already saved
+// under that name stays as it was.
+class DamagedTemplatePart : public testing::TestWithParam<QString>
+{};
+
+TEST_P(DamagedTemplatePart, RefusesTheSaveAndKeepsTheSavedEstimate)
+{
+    test::TempAppFolder folder;
+    Session s = test::fullEstimate(5);
+    s.fileName = QStringLiteral("240105既存.xlsx");
+    s.editExisting = true;
+    test::ScriptedMessages messages;
+    ASSERT_TRUE(saveEstimateWorkbook(s, messages, folder.path())) << messages.lastText().toStdString();
+    const QString saved = QDir(estimatesFolder(folder.path())).filePath(s.fileName);
+    QFile savedFile(saved);
+    ASSERT_TRUE(savedFile.open(QIODevice::ReadOnly));
+    const QByteArray before = savedFile.readAll();
+    savedFile.close();
+
+    const QByteArray damaged = templateWithDamagedPart(GetParam());
+    ASSERT_FALSE(damaged.isEmpty()) << GetParam().toStdString();
+    QFile templ(templatePath(folder.path()));
+    ASSERT_TRUE(templ.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    templ.write(damaged);
+    templ.close();
+
+    s.header.customerName = QStringLiteral("変更後");
+    messages.clear();
+    EXPECT_FALSE(saveEstimateWorkbook(s, messages, folder.path())) << GetParam().toStdString();
+    EXPECT_TRUE(messages.lastText().contains(QStringLiteral("見積書のひな形"))) << messages.lastText().toStdString();
+    ASSERT_TRUE(savedFile.open(QIODevice::ReadOnly));
+    EXPECT_EQ(savedFile.readAll(), before);
+    EXPECT_EQ(QDir(estimatesFolder(folder.path())).entryList(QDir::Files | QDir::Hidden), QStringList({s.fileName}));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryPart, DamagedTemplatePart, testing::ValuesIn(templatePartNames()),
+                         [](const testing::TestParamInfo<QString> &info) {
+                             QString n = info.param;
+                             n.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]")), QStringLiteral("_"));
+                             return n.toStdString();
+                         });

@@ -6,15 +6,16 @@
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
-#include "paint/dlg_naiban.h"
-#include "paint/dlg_tinpei.h"
-#include "paint/frm_paint.h"
+#include "common/quiet_messages.h"
 #include "db/database.h"
 #include "indices/bumper_calculation.h"
 #include "indices/frm_bankin.h"
 #include "indices/frm_bumpa.h"
 #include "indices/frm_fuka.h"
 #include "indices/index_value.h"
+#include "paint/dlg_naiban.h"
+#include "paint/dlg_tinpei.h"
+#include "paint/frm_paint.h"
 #include "reports/dlg_price_import.h"
 #include "sheet/frm_mitumori.h"
 #include "simple/car_drawing.h"
@@ -39,19 +40,6 @@
 #include <cstdio>
 
 namespace {
-
-// Answers every question No (or Cancel) without a window, so nothing blocks the gallery.
-class QuietMessages final : public est::Messages
-{
-public:
-    void inform(const QString &, const QString &, est::MessageIcon) override {}
-    est::Answer askYesNo(const QString &, const QString &, est::MessageIcon) override { return est::Answer::No; }
-    est::Answer askYesNoCancel(const QString &, const QString &, est::MessageIcon) override
-    {
-        return est::Answer::Cancel;
-    }
-    void beep() override {}
-};
 
 void save(QWidget *shown, const QString &folder, const QString &name)
 {
@@ -242,7 +230,7 @@ int main(int argc, char **argv)
     QTemporaryDir appFolder;
 
     est::Session session;
-    QuietMessages messages;
+    est::QuietMessages messages;
     est::SystemClock clock;
     est::app::AppController controller(session, messages, clock, appFolder.path());
     controller.start(0);
