@@ -312,3 +312,15 @@ INSTANTIATE_TEST_SUITE_P(EveryPart, DamagedTemplatePart, testing::ValuesIn(templ
                              n.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]")), QStringLiteral("_"));
                              return n.toStdString();
                          });
+
+// A package whose parts are stored rather than deflated is as readable (some zip tools write
+// them so, and the XML fuzzer builds its packages that way).
+TEST(Bounds, StoredPartsAreReadLikeDeflatedOnes)
+{
+    const QByteArray stored = test::zipParts(test::unzipParts(estimateBytes()), test::Compression::Store);
+    ASSERT_GT(stored.size(), estimateBytes().size());
+    auto book = Workbook::fromBytes(stored);
+    Session session;
+    readEstimate(*book, session);
+    EXPECT_EQ(test::storedFields(session), test::storedFields(test::fullEstimate(3)));
+}

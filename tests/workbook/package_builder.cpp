@@ -6,7 +6,7 @@
 
 namespace est::test {
 
-QByteArray zipParts(const Parts &parts)
+QByteArray zipParts(const Parts &parts, Compression compression)
 {
     zip_error_t error;
     zip_error_init(&error);
@@ -15,7 +15,9 @@ QByteArray zipParts(const Parts &parts)
     zip_t *za = zip_open_from_source(out, ZIP_TRUNCATE, &error);
     for (const auto &[name, data] : parts) {
         zip_source_t *s = zip_source_buffer(za, data.constData(), zip_uint64_t(data.size()), 0);
-        zip_file_add(za, name.toUtf8().constData(), s, ZIP_FL_ENC_UTF_8);
+        const zip_int64_t index = zip_file_add(za, name.toUtf8().constData(), s, ZIP_FL_ENC_UTF_8);
+        if (compression == Compression::Store && index >= 0)
+            zip_set_file_compression(za, zip_uint64_t(index), ZIP_CM_STORE, 0);
     }
     if (zip_close(za) != 0)
         throw std::runtime_error("zip_close");

@@ -11,8 +11,10 @@ namespace est::test {
 
 using Parts = QList<QPair<QString, QByteArray>>;
 
-// A zip of the parts, in order, deflated.
-QByteArray zipParts(const Parts &parts);
+// A zip of the parts, in order, deflated, or stored as they are (much quicker to make, for
+// the fuzzers that zip a package per input).
+enum class Compression { Deflate, Store };
+QByteArray zipParts(const Parts &parts, Compression compression = Compression::Deflate);
 // The parts of a zip, inflated, in order (no limits: for packages the test made itself).
 Parts unzipParts(const QByteArray &zip);
 // The raw (still compressed) data of one entry, or empty when missing.
