@@ -42,13 +42,14 @@ QStringList panelNumbers()
     return numbers;
 }
 
+// Two lines of panel numbers that the grid shows only as numbers.
 QString panelHint()
 {
     QStringList names{QStringLiteral("0＝部位共通")};
     for (const Panel &panel : panels())
         names.append(QStringLiteral("%1＝%2").arg(panel.num).arg(panel.caption));
-    return QStringLiteral("部位番号：") + names.join(QStringLiteral("、"))
-        + QStringLiteral("。\n区分の番号は各区分のタブで確かめてください。");
+    return QStringLiteral("部位番号：") + names.mid(0, 6).join(QStringLiteral("、")) + QStringLiteral("、\n")
+        + names.mid(6).join(QStringLiteral("、")) + QStringLiteral("。区分の番号は各区分のタブで確かめてください。");
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include "indices/index_value.h"
 #include "indices/sheet_metal_table.h"
 #include "mastertable/table_edit_model.h"
-#include "program_fixture.h"
+#include "settings_hub_fixture.h"
 #include "uikit/table_editor.h"
 
 #include <QLabel>
@@ -18,16 +18,8 @@ using namespace est;
 
 namespace {
 
-struct BankinSettingTest : ::testing::Test
+struct BankinSettingTest : test::SettingsHubTest
 {
-    test::Program program;
-
-    void SetUp() override
-    {
-        program.start();
-        program.context().settings->show();
-    }
-    void clickCommand10() { program.context().settings->button(QStringLiteral("Command10"))->click(); }
     std::optional<std::array<QString, 3>> grades(int areaClass)
     {
         return indices::SheetMetalTable(db::openDatabase(program.folder.path(), indices::kPartDb).database).grades(areaClass);
@@ -38,11 +30,7 @@ struct BankinSettingTest : ::testing::Test
 
 TEST_F(BankinSettingTest, ATypedIndexIsCheckedSavedAndLookedUp)
 {
-    bool driven = false;
-    program.dialogs.on(QStringLiteral("dlgBankinSetting"), [&](QWidget *w) {
-        driven = true;
-        auto *window = qobject_cast<ui::TableEditorWindow *>(w);
-        ASSERT_TRUE(window);
+    const bool opened = withScreen("Command10", "dlgBankinSetting", [&](ui::TableEditorWindow *window) {
         EXPECT_EQ(window->windowTitle(), QStringLiteral("鈑金指数設定"));
         EXPECT_TRUE(window->findChild<QLabel *>(QStringLiteral("lblHint")));
         ui::TableEditor *editor = window->editor(QStringLiteral("bankinsisu"));
@@ -57,8 +45,7 @@ TEST_F(BankinSettingTest, ATypedIndexIsCheckedSavedAndLookedUp)
         program.messages.answer(Answer::Yes);  // closing: save the edit
         window->close();
     });
-    clickCommand10();
-    EXPECT_TRUE(driven);
+    EXPECT_TRUE(opened);
     EXPECT_EQ(grades(13), (std::array<QString, 3>{"1.5", "2.4", "3.3"}));
 }
 
@@ -67,7 +54,7 @@ TEST_F(BankinSettingTest, APartDbWithoutTheTableIsReported)
     QSqlQuery(db::openDatabase(program.folder.path(), indices::kPartDb).database)
         .exec(QStringLiteral("DROP TABLE bankinsisu"));
     program.messages.clear();
-    clickCommand10();
+    clickHub("Command10");
     EXPECT_EQ(program.dialogs.seen(QStringLiteral("dlgBankinSetting")), 0);
     EXPECT_EQ(program.messages.lastText(), QStringLiteral("表 bankinsisu がありません。\n鈑金指数設定を開けません。"));
 }

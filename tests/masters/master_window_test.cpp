@@ -1,7 +1,7 @@
 #include "db/database.h"
 #include "grid_typing.h"
 #include "mastertable/table_edit_model.h"
-#include "program_fixture.h"
+#include "settings_hub_fixture.h"
 #include "uikit/table_editor.h"
 
 #include <QLabel>
@@ -14,30 +14,12 @@ using namespace est;
 
 namespace {
 
-// The program with the settings hub shown; a master screen is opened from its button and
-// driven while it is modal.
-struct HubTest : ::testing::Test
+// Master screens opened from the settings hub, with the PartDB they edit at hand.
+struct HubTest : test::SettingsHubTest
 {
-    test::Program program;
-
-    void SetUp() override
-    {
-        program.start();
-        program.context().settings->show();
-    }
-    // Opens the screen by its hub button, runs `drive` on it, then closes it by 閉じる.
     void withScreen(const char *button, const char *screen, const std::function<void(ui::TableEditorWindow *)> &drive)
     {
-        bool driven = false;
-        program.dialogs.on(QString::fromUtf8(screen), [&](QWidget *w) {
-            driven = true;
-            auto *window = qobject_cast<ui::TableEditorWindow *>(w);
-            ASSERT_NE(window, nullptr);
-            drive(window);
-            window->findChild<QPushButton *>(QStringLiteral("cmdExit"))->click();
-        });
-        program.context().settings->button(QString::fromUtf8(button))->click();
-        EXPECT_TRUE(driven) << screen;
+        EXPECT_TRUE(SettingsHubTest::withScreen(button, screen, drive)) << screen;
     }
     QSqlDatabase partDb()
     {
