@@ -33,14 +33,6 @@ bool unusedDataCell(const QString &sheet, int row, int column, const Used &used)
     return false;
 }
 
-// References to a cell of "D" or "P" in a formula ("D!A6", "'P'!$B$20").
-const QRegularExpression &dataReference()
-{
-    static const QRegularExpression pattern(
-        QStringLiteral("(?<![A-Za-z0-9_.])'?([DP])'?!\\$?([A-Z]{1,3})\\$?([0-9]{1,7})"));
-    return pattern;
-}
-
 void hideUnusedRows(Worksheet &sheet, const Used &used)
 {
     // Per row: whether it reads a data cell, and whether every data cell it reads is unused.
@@ -54,19 +46,64 @@ void hideUnusedRows(Worksheet &sheet, const Used &used)
         if (rows.empty() || rows.back().first != row)
             rows.push_back({row, {}});
         RowReads &reads = rows.back().second;
-        for (const QRegularExpressionMatch &m : dataReference().globalMatch(formula)) {
-            const auto address = parseCellAddress((m.captured(2) + m.captured(3)).toLatin1());
-            if (!address)
-                continue;
+        for (const DataReference &r : dataReferences(formula)) {
             reads.reads = true;
-            reads.allUnused = reads.allUnused && unusedDataCell(m.captured(1), address->row, address->column, used);
+            reads.allUnused = reads.allUnused
+                              && unusedDataCell(r.sheet == 'D' ? kDataD : kDataP, r.cell.row, r.cell.column, used);
         }
     }
     for (const auto &[row, reads] : rows)
         sheet.setRowHidden(row, reads.reads && reads.allUnused);
 }
 
+bool isAsciiUpper(QChar c) { return c >= QLatin1Char('A') && c <= QLatin1Char('Z'); }
+bool isAsciiDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
+
+// Characters that would make the sheet name before "!" a longer one ("見積D").
+bool continuesAName(QChar c)
+{
+    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('.');
+}
+
 } // namespace
+
+QList<DataReference> dataReferences(QStringView formula)
+{
+    // A scan from each "!" rather than a regular expression: saving runs this on every formula
+    // of every print sheet.
+    QList<DataReference> found;
+    const qsizetype n = formula.size();
+    for (qsizetype bang = formula.indexOf(QLatin1Char('!')); bang >= 0;
+         bang = formula.indexOf(QLatin1Char('!'), bang + 1)) {
+        qsizetype at = bang - 1;
+        if (at >= 0 && formula[at] == QLatin1Char('\''))
+            --at;
+        if (at < 0 || (formula[at] != QLatin1Char('D') && formula[at] != QLatin1Char('P')))
+            continue;
+        if (at > 0 && formula[at - 1] != QLatin1Char('\'') && continuesAName(formula[at - 1]))
+            continue;
+        const char sheet = char(formula[at].unicode());
+        qsizetype i = bang + 1;
+        if (i < n && formula[i] == QLatin1Char('$'))
+            ++i;
+        int column = 0;
+        int letters = 0;
+        for (; i < n && isAsciiUpper(formula[i]) && letters < 4; ++i, ++letters)
+            column = column * 26 + (formula[i].unicode() - 'A' + 1);
+        if (letters == 0 || letters > 3)
+            continue;
+        if (i < n && formula[i] == QLatin1Char('$'))
+            ++i;
+        int row = 0;
+        int digits = 0;
+        for (; i < n && isAsciiDigit(formula[i]) && digits < 7; ++i, ++digits)
+            row = row * 10 + (formula[i].unicode() - '0');
+        if (digits == 0 || row < 1 || row > kMaxRows || column > kMaxColumns)
+            continue;
+        found.append(DataReference{sheet, CellAddress{row, column}});
+    }
+    return found;
+}
 
 void fitPrintSheets(Workbook &book, const Session &session)
 {

@@ -9,8 +9,20 @@
 #include "common/session.h"
 #include "workbook/workbook.h"
 
+#include <QList>
+#include <QStringView>
+
 namespace est::workbook {
 
 void fitPrintSheets(Workbook &book, const Session &session);
+
+// A reference to a cell of "D" or "P" in a formula ("D!A6", "'P'!$B$20"), not one that is
+// part of a longer sheet name ("ABD!A6").
+struct DataReference
+{
+    char sheet = 0; // 'D' or 'P'
+    CellAddress cell;
+};
+QList<DataReference> dataReferences(QStringView formula);
 
 } // namespace est::workbook

@@ -3,6 +3,7 @@
 
 #include "package_builder.h"
 #include "sample_estimate.h"
+#include "workbook/print_fit.h"
 #include "workbook/workbook.h"
 
 #include <QRegularExpression>
@@ -86,3 +87,32 @@ TEST(TemplateLayout, VehicleCaptionsFitTheirCells)
         EXPECT_EQ(found, captions.size()) << sheetName;
     }
 }
+
+// What a print sheet's formula reads of the data sheets, for fitting the sheet to an estimate.
+struct ReferenceCase
+{
+    const char *formula;
+    const char *expected; // "D A6 P B20", "" for none
+};
+
+class DataReferences : public testing::TestWithParam<ReferenceCase>
+{};
+
+TEST_P(DataReferences, AreFoundWhereverTheFormulaNamesThem)
+{
+    QStringList found;
+    for (const DataReference &r : dataReferences(QString::fromUtf8(GetParam().formula)))
+        found << QString(QLatin1Char(r.sheet)) << QString::fromLatin1(cellAddress(r.cell.row, r.cell.column));
+    EXPECT_EQ(found.join(QLatin1Char(' ')), QString::fromUtf8(GetParam().expected)) << GetParam().formula;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Formulas, DataReferences,
+    testing::Values(ReferenceCase{"D!A6", "D A6"}, ReferenceCase{"='P'!$B$20", "P B20"},
+                    ReferenceCase{"IF(D!K6=\"\",\"\",D!K6*P!C12)", "D K6 D K6 P C12"},
+                    ReferenceCase{"SUM(D!A6:D!A9)", "D A6 D A9"}, ReferenceCase{"D!A6:B9", "D A6"},
+                    ReferenceCase{"ABD!A6+XP!B2+_D!C3+1.D!E4", ""}, ReferenceCase{"'見積D'!A6", ""},
+                    ReferenceCase{"x'D!A1", "D A1"}, ReferenceCase{"D!XFD1048576", "D XFD1048576"},
+                    ReferenceCase{"D!XFE1+D!A0+D!ABCD1+D!a1+D!$$A1", ""}, ReferenceCase{"D!A12345678", ""},
+                    ReferenceCase{"Q!A1+D1+\"D!\"", ""}, ReferenceCase{"!D!!P!A1", "P A1"},
+                    ReferenceCase{"D!", ""}, ReferenceCase{"", ""}));
