@@ -119,16 +119,22 @@ QString TableStore::apply(const TableChanges &changes) const
             return failure(remove);
     }
 
+    QString parkError;
+    const QList<qint64> targets = movedAside(changes.updated, &parkError);
+    if (!parkError.isEmpty())
+        return parkError;
+
     QStringList assignments;
     for (const ColumnSpec &c : m_spec.columns)
         assignments << db::quoteIdentifier(c.field) + QStringLiteral(" = ?");
     QSqlQuery update(m_database);
     update.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?").arg(table, assignments.join(QStringLiteral(", "))));
     const int n = int(m_spec.columns.size());
-    for (const StoredRow &row : changes.updated) {
+    for (qsizetype r = 0; r < changes.updated.size(); ++r) {
+        const StoredRow &row = changes.updated.at(r);
         for (int i = 0; i < n; ++i)
             update.bindValue(i, bindValue(m_spec.columns.at(i), row.values.value(i)));
-        update.bindValue(n, row.rowid);
+        update.bindValue(n, targets.at(r));
         if (!update.exec())
             return failure(update);
     }
@@ -138,6 +144,54 @@ QString TableStore::apply(const TableChanges &changes) const
     if (!guard.commit())
         return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
     return {};
+}
+
+QList<qint64> TableStore::movedAside(const QList<StoredRow> &updated, QString *error) const
+{
+    QList<qint64> rowids;
+    for (const StoredRow &row : updated)
+        rowids << row.rowid;
+    // Two rows that exchange their keys (class 1 and class 2) would meet each other's key
+    // halfway through the updates: each updated row first takes a placeholder key that no real
+    // row has, then its new values.
+    if (m_spec.key.isEmpty() || updated.size() < 2)
+        return rowids;
+    const QString table = db::quoteIdentifier(m_spec.table);
+    QStringList assignments, matches;
+    for (int column : m_spec.key) {
+        assignments << db::quoteIdentifier(m_spec.columns.at(column).field) + QStringLiteral(" = ?");
+        matches << db::quoteIdentifier(m_spec.columns.at(column).field) + QStringLiteral(" IS ?");
+    }
+    QSqlQuery park(m_database);
+    QSqlQuery find(m_database);
+    if (!park.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?").arg(table, assignments.join(QStringLiteral(", "))))
+        || !find.prepare(QStringLiteral("SELECT rowid FROM %1 WHERE %2").arg(table, matches.join(QStringLiteral(" AND "))))) {
+        *error = failure(park.lastError().isValid() ? park : find);
+        return {};
+    }
+    for (qsizetype r = 0; r < rowids.size(); ++r) {
+        QVariantList placeholder;
+        for (int column : m_spec.key) {
+            // Far below any class or area a shop would use, or text no one types.
+            if (m_spec.columns.at(column).kind == ColumnKind::Text)
+                placeholder << QStringLiteral("\x01%1").arg(r);
+            else
+                placeholder << -(qint64(1) << 40) - r;
+        }
+        for (int i = 0; i < placeholder.size(); ++i)
+            park.bindValue(i, placeholder.at(i));
+        park.bindValue(int(placeholder.size()), rowids.at(r));
+        for (int i = 0; i < placeholder.size(); ++i)
+            find.bindValue(i, placeholder.at(i));
+        if (!park.exec() || !find.exec() || !find.next()) {
+            *error = failure(park.lastError().isValid() ? park : find);
+            return {};
+        }
+        // A key that is the table's rowid moves the row with it.
+        rowids[r] = find.value(0).toLongLong();
+        find.finish();
+    }
+    return rowids;
 }
 
 QString TableStore::replaceAll(const QList<QStringList> &rows) const

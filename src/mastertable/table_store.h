@@ -50,6 +50,9 @@ public:
 
 private:
     QString insertRows(const QList<QStringList> &rows) const;
+    // Inside apply's transaction: the rowids under which the updated rows are then written;
+    // `error` is set when that fails.
+    QList<qint64> movedAside(const QList<StoredRow> &updated, QString *error) const;
 
     QSqlDatabase m_database;
     TableSpec m_spec;

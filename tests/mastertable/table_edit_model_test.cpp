@@ -147,3 +147,53 @@ TEST_F(ModelTest, MissingTableOrColumnIsAClearMessage)
     TableEditModel noColumn{TableStore(scratch.database(), tableSpec)};
     EXPECT_EQ(noColumn.loadError(), QStringLiteral("表 PaintDB に列 Nai がありません。"));
 }
+
+// Keys the database itself keeps unique: a text primary key, and a number that is the row's
+// rowid. Exchanging two keys in one save works, and a real duplicate is still refused.
+struct SwapCase
+{
+    const char *create;
+    const char *fill;
+    bool numberKey;
+    const char *expected; // rows in rowid order after swapping the keys of the first two
+};
+
+class KeySwap : public ::testing::TestWithParam<SwapCase>
+{};
+
+TEST_P(KeySwap, TwoRowsExchangeTheirKeysInOneSave)
+{
+    const SwapCase &c = GetParam();
+    test::ScratchDatabase scratch;
+    ASSERT_TRUE(scratch.run(c.create));
+    ASSERT_TRUE(scratch.run(c.fill));
+    const ColumnSpec key = c.numberKey ? ColumnSpec::whole(QStringLiteral("No"), QStringLiteral("番号"))
+                                       : ColumnSpec::text(QStringLiteral("No"), QStringLiteral("番号")).mustHave();
+    const TableSpec spec{QStringLiteral("Keyed"), QStringLiteral("区分"),
+                         {key, ColumnSpec::text(QStringLiteral("Name"), QStringLiteral("名前"))},
+                         {0}};
+    TableEditModel model{TableStore(scratch.database(), spec)};
+    ASSERT_EQ(model.rowCount(), 3);
+    ASSERT_TRUE(model.setData(model.index(0, 0), QStringLiteral("9")));
+    ASSERT_TRUE(model.setData(model.index(1, 0), QStringLiteral("1")));
+    ASSERT_TRUE(model.setData(model.index(0, 0), QStringLiteral("2")));
+    const SaveOutcome outcome = model.save();
+    ASSERT_TRUE(outcome.saved) << outcome.message.toStdString();
+    EXPECT_EQ(scratch.dump(QStringLiteral("Keyed")).join(QLatin1Char(' ')), QString::fromUtf8(c.expected));
+
+    // The third row taking a key that stays in use is refused before anything is written.
+    TableEditModel again{TableStore(scratch.database(), spec)};
+    ASSERT_TRUE(again.setData(again.index(2, 0), QStringLiteral("1")));
+    EXPECT_FALSE(again.save().saved);
+    EXPECT_EQ(scratch.dump(QStringLiteral("Keyed")).join(QLatin1Char(' ')), QString::fromUtf8(c.expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    UniqueInTheDatabase, KeySwap,
+    ::testing::Values(
+        SwapCase{"CREATE TABLE Keyed (No TEXT NOT NULL PRIMARY KEY, Name TEXT)",
+                 "INSERT INTO Keyed VALUES ('1', '軽'), ('2', '小型'), ('3', '普通')", false,
+                 "2|軽 1|小型 3|普通"},
+        SwapCase{"CREATE TABLE Keyed (No INTEGER PRIMARY KEY, Name TEXT)",
+                 "INSERT INTO Keyed VALUES (1, '軽'), (2, '小型'), (3, '普通')", true,
+                 "1|小型 2|軽 3|普通"}));
