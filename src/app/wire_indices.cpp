@@ -2,6 +2,7 @@
 #include "app/wiring.h"
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/part_db.h"
 #include "indices/index_screens.h"
 #include "indices/index_value.h"
 #include "indices/sheet_metal_setting.h"
@@ -18,8 +19,8 @@ void wireIndices(AppContext &context)
     // A PartDB made by an earlier version gains the index tables added since, before any
     // screen needs them.
     context.startupSteps.append([c] {
-        if (QFileInfo::exists(db::resolve(c->appFolder, indices::kPartDb)))
-            db::openDatabase(c->appFolder, indices::kPartDb);
+        if (QFileInfo::exists(db::resolve(c->appFolder, db::kPartDb)))
+            db::openDatabase(c->appFolder, db::kPartDb);
     });
     c->settings->setScreen(QStringLiteral("Command10"), [c] {
         ui::showTableScreen(indices::sheetMetalScreen(), c->appFolder, c->messages, c->settings);

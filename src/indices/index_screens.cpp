@@ -1,6 +1,7 @@
 #include "indices/index_screens.h"
 
 #include "db/database.h"
+#include "db/part_db.h"
 #include "indices/estimate_context.h"
 #include "indices/frm_bankin.h"
 #include "indices/frm_bumpa.h"
@@ -13,7 +14,7 @@ namespace {
 
 std::optional<QSqlDatabase> partDb(const QString &appFolder, Messages &messages)
 {
-    db::OpenResult opened = db::openDatabase(appFolder, kPartDb);
+    db::OpenResult opened = db::openDatabase(appFolder, db::kPartDb);
     if (!opened.ok()) {
         messages.inform(opened.error, QStringLiteral("データベース"), MessageIcon::Critical);
         return std::nullopt;

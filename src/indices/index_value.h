@@ -7,9 +7,6 @@
 
 namespace est::indices {
 
-// The relative path of the paint master database that holds the index tables.
-inline const QString kPartDb = QStringLiteral("temp\\PartDB.mdb");
-
 // A number read from a table as its shortest decimal text (2.6 -> "2.6", 3 -> "3"); empty
 // for a null or non-numeric field.
 QString indexText(const QVariant &value);

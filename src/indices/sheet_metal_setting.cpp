@@ -1,5 +1,6 @@
 #include "indices/sheet_metal_setting.h"
 
+#include "db/part_db.h"
 #include "indices/index_value.h"
 #include "indices/sheet_metal.h"
 #include "indices/sheet_metal_table.h"
@@ -27,7 +28,7 @@ mastertable::TableScreen sheetMetalScreen()
             sheetMetalRows.append({row.value(0), {row.value(1), row.value(2), row.value(3)}});
         return checkRows(sheetMetalRows);
     };
-    return {QStringLiteral("dlgBankinSetting"), QStringLiteral("鈑金指数設定"), kPartDb, {table},
+    return {QStringLiteral("dlgBankinSetting"), QStringLiteral("鈑金指数設定"), db::kPartDb, {table},
             QStringLiteral("面積区分は凹みの面積（d㎡）で、1 から 40 まで各1行です。1 d㎡未満は 1、41 d㎡以上は 40 の行を使います。")};
 }
 

@@ -1,14 +1,16 @@
 #include "masters/master_screens.h"
 
+#include "db/part_db.h"
+
 namespace est::masters {
+
+using db::kPartDb;
 
 using mastertable::ColumnSpec;
 using mastertable::TableScreen;
 using mastertable::TableSpec;
 
 namespace {
-
-const QString kPartDb = QStringLiteral("temp\\PartDB.mdb");
 
 ColumnSpec text(const char *field, const char *caption)
 {

@@ -1,5 +1,7 @@
 #include "paint/inner_panel_table.h"
 
+#include "db/part_db.h"
+
 namespace est::paint {
 
 mastertable::TableSpec innerPanelTableSpec()
@@ -19,7 +21,7 @@ mastertable::TableSpec innerPanelTableSpec()
 
 mastertable::TableScreen innerPanelScreen()
 {
-    return {QStringLiteral("dlgNaibanSetting"), QStringLiteral("内板指数設定"), QStringLiteral("temp\\PartDB.mdb"),
+    return {QStringLiteral("dlgNaibanSetting"), QStringLiteral("内板指数設定"), db::kPartDb,
             {innerPanelTableSpec()}, {}};
 }
 

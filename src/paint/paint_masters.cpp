@@ -1,6 +1,7 @@
 #include "paint/paint_masters.h"
 
 #include "db/database.h"
+#include "db/part_db.h"
 #include "workitems/labour.h"
 
 #include <QSqlError>
@@ -37,7 +38,7 @@ std::optional<QString> indexText(const QVariant &value)
 
 std::unique_ptr<PaintMasters> PaintMasters::open(const QString &appFolder, QString *error)
 {
-    db::OpenResult opened = db::openDatabase(appFolder, QStringLiteral("temp\\PartDB.mdb"));
+    db::OpenResult opened = db::openDatabase(appFolder, db::kPartDb);
     if (!opened.ok()) {
         if (error)
             *error = opened.error;

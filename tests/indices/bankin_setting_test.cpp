@@ -2,6 +2,7 @@
 // is what the sheet-metal lookup finds; a PartDB without the table is reported.
 
 #include "db/database.h"
+#include "db/part_db.h"
 #include "grid_typing.h"
 #include "indices/index_value.h"
 #include "indices/sheet_metal_table.h"
@@ -22,7 +23,7 @@ struct BankinSettingTest : test::SettingsHubTest
 {
     std::optional<std::array<QString, 3>> grades(int areaClass)
     {
-        return indices::SheetMetalTable(db::openDatabase(program.folder.path(), indices::kPartDb).database).grades(areaClass);
+        return indices::SheetMetalTable(db::openDatabase(program.folder.path(), db::kPartDb).database).grades(areaClass);
     }
 };
 
@@ -51,7 +52,7 @@ TEST_F(BankinSettingTest, ATypedIndexIsCheckedSavedAndLookedUp)
 
 TEST_F(BankinSettingTest, APartDbWithoutTheTableIsReported)
 {
-    QSqlQuery(db::openDatabase(program.folder.path(), indices::kPartDb).database)
+    QSqlQuery(db::openDatabase(program.folder.path(), db::kPartDb).database)
         .exec(QStringLiteral("DROP TABLE bankinsisu"));
     program.messages.clear();
     clickHub("Command10");

@@ -3,6 +3,7 @@
 // and sample data, opened for the index tables.
 
 #include "db/database.h"
+#include "db/part_db.h"
 #include "indices/index_value.h"
 #include "scripted_messages.h"
 #include "temp_app_folder.h"
@@ -17,7 +18,7 @@ class PartDbTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        auto opened = db::openDatabase(folder.path(), indices::kPartDb);
+        auto opened = db::openDatabase(folder.path(), db::kPartDb);
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         database = opened.database;
     }

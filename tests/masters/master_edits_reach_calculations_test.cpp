@@ -4,6 +4,7 @@
 
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/part_db.h"
 #include "indices/additional_calculation.h"
 #include "indices/bumper_calculation.h"
 #include "indices/index_value.h"
@@ -24,8 +25,8 @@ namespace {
 // A fresh connection to the application folder's PartDB, as a screen opened later gets.
 QSqlDatabase reopenedPartDb(const QString &appFolder)
 {
-    db::closeDatabase(db::resolve(appFolder, indices::kPartDb));
-    return db::openDatabase(appFolder, indices::kPartDb).database;
+    db::closeDatabase(db::resolve(appFolder, db::kPartDb));
+    return db::openDatabase(appFolder, db::kPartDb).database;
 }
 
 std::optional<Yen> bumperFrontReplace(const QString &appFolder)

@@ -8,6 +8,7 @@
 #include "app/frm_sp.h"
 #include "common/quiet_messages.h"
 #include "db/database.h"
+#include "db/part_db.h"
 #include "indices/bumper_calculation.h"
 #include "indices/frm_bankin.h"
 #include "indices/frm_bumpa.h"
@@ -159,7 +160,7 @@ void savePaintScreens(est::Session &s, est::Messages &messages, const QString &a
 void saveIndexScreens(const QString &folder, const QString &appFolder, est::Messages &messages)
 {
     using namespace est::indices;
-    const auto opened = est::db::openDatabase(appFolder, kPartDb);
+    const auto opened = est::db::openDatabase(appFolder, est::db::kPartDb);
     if (!opened.ok())
         return;
     FrmBankin bankin(opened.database, messages);
