@@ -74,7 +74,13 @@ void AdditionalCalculation::setTonePanels(const QString &panels)
 void AdditionalCalculation::updateTone()
 {
     // The index for n panels is the field at position n + 1; no panels or no kind leaves it.
+    // Choosing the blank panel count takes two-tone off the estimate, as the blank door count
+    // does for the door items; without it a two-tone once priced could not be removed.
     const QString kind = field(AdditionalItem::Tone, 1);
+    if (field(AdditionalItem::Tone, 2).isEmpty()) {
+        clearItem(AdditionalItem::Tone);
+        return;
+    }
     const auto panels = count16(field(AdditionalItem::Tone, 2));
     if (!panels || *panels == std::numeric_limits<std::int16_t>::max())
         return;

@@ -115,7 +115,9 @@ TableScreen basicIndexScreen()
 TableScreen paintNameScreen()
 {
     TableSpec categories{QStringLiteral("TKubunDB"), QStringLiteral("塗装区分"),
-                         {text("KCode", "区分コード").mustHave(), text("KName", "区分名")}, {0}};
+                         {text("KCode", "区分コード").mustHave().usedIn(QStringLiteral("PaintDB"), QStringLiteral("KCode")),
+                          text("KName", "区分名")},
+                         {0}};
     TableSpec parts{QStringLiteral("PaintDB"), QStringLiteral("部位名"),
                     {text("KCode", "区分コード").mustHave().references(QStringLiteral("TKubunDB"), QStringLiteral("KCode")),
                      text("Buhin", "部位名").mustHave(),

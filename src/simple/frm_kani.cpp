@@ -156,9 +156,7 @@ void FrmKani::changeClasses()
     m_drawing->setChosen(0);
     m_lbl[4]->clear();
     m_panelName->clear();
-    for (QLineEdit *edit : {m_txtSBui, m_txtSNaiyo, m_txtKotin, m_txtZairyo})
-        edit->clear();
-    m_lblNo->clear();
+    clearChosenRow();
     showClassification();
     m_form.open();
     showRows();
@@ -185,8 +183,18 @@ void FrmKani::panelClicked(int num)
     const Panel *panel = panelByNum(num);
     m_panelName->setText(panel ? panel->caption : QString());
     m_drawing->setChosen(num);
-    if (m_form.choosePanel(num))
+    if (m_form.choosePanel(num)) {
+        // The row chosen before belongs to the other panel: OK must not hand it on.
+        clearChosenRow();
         showRows();
+    }
+}
+
+void FrmKani::clearChosenRow()
+{
+    for (QLineEdit *edit : {m_txtSBui, m_txtSNaiyo, m_txtKotin, m_txtZairyo})
+        edit->clear();
+    m_lblNo->clear();
 }
 
 void FrmKani::showRows()

@@ -37,6 +37,7 @@ private:
     void changeClasses();
     void panelClicked(int num);
     void showRows();
+    void clearChosenRow();
     void rowChosen();
     void confirm();
 

@@ -95,6 +95,24 @@ TEST_F(AdditionalEdges, PanelCountZeroOrNoKindLeavesTheToneIndex)
     EXPECT_EQ(calc.index(AdditionalItem::Tone), "1.08");
 }
 
+TEST_F(AdditionalEdges, TheBlankPanelCountTakesTwoToneOff)
+{
+    AdditionalTables tables(database);
+    AdditionalCalculation calc(tables, 5300, {0, 1}, messages);
+    calc.setToneKind("ｿﾘｯﾄﾞ+ｿﾘｯﾄﾞ");
+    calc.setTonePanels("3");
+    calc.setBooth(true);
+    EXPECT_EQ(calc.amount(AdditionalItem::Tone), "6,890"); // 1.30 × 5,300
+    EXPECT_EQ(calc.total(), 6890 + 2650);
+    calc.setTonePanels("");
+    EXPECT_EQ(calc.index(AdditionalItem::Tone), "");
+    EXPECT_EQ(calc.amount(AdditionalItem::Tone), "");
+    EXPECT_EQ(calc.total(), 2650);
+    const auto kept = calc.confirmed();
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(kept->lineCount, 1);
+}
+
 TEST_F(AdditionalEdges, EmptyCountClearsIndexAndAmount)
 {
     AdditionalTables tables(database);

@@ -1,5 +1,6 @@
 #include "db/database.h"
 #include "mastertable/table_checks.h"
+#include "mastertable/table_edit_model.h"
 #include "mastertable/table_store.h"
 #include "masters/basic_index_gaps.h"
 #include "masters/master_screens.h"
@@ -95,4 +96,29 @@ TEST(BasicIndexGaps, MissingTableIsReported)
     QString error;
     EXPECT_TRUE(missingBasicIndexRows(opened.database, &error).isEmpty());
     EXPECT_TRUE(error.startsWith(QStringLiteral("基礎指数の表を読めませんでした。")));
+}
+
+// A paint category that part names still use cannot disappear from frmPaintName: the save is
+// refused with the reason and nothing is written.
+TEST(PaintNameScreen, ACategoryStillUsedByPartNamesIsNotDeleted)
+{
+    test::TempAppFolder folder;
+    const mastertable::TableScreen screen = paintNameScreen();
+    const db::OpenResult opened = db::openDatabase(folder.path(), screen.database);
+    ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
+    const auto count = [&](const char *sql) {
+        QSqlQuery q(opened.database);
+        q.exec(QString::fromUtf8(sql));
+        return q.next() ? q.value(0).toInt() : -1;
+    };
+    const int categories = count("SELECT COUNT(*) FROM TKubunDB");
+    mastertable::TableEditModel model{mastertable::TableStore(opened.database, screen.tables.at(0))};
+    ASSERT_GT(model.rowCount(), 0);
+    const QString code = model.text(0, 0);
+    ASSERT_GT(count(QStringLiteral("SELECT COUNT(*) FROM PaintDB WHERE KCode = '%1'").arg(code).toUtf8().constData()), 0);
+    model.removeHeldRows({0});
+    const mastertable::SaveOutcome outcome = model.save();
+    EXPECT_FALSE(outcome.saved);
+    EXPECT_TRUE(outcome.message.contains(QStringLiteral("使われているため"))) << outcome.message.toStdString();
+    EXPECT_EQ(count("SELECT COUNT(*) FROM TKubunDB"), categories);
 }

@@ -218,6 +218,29 @@ TEST(FrmKani, EditedAmountsAreCheckedOnOk)
     EXPECT_EQ(form.entry()->labour, 1500);
 }
 
+// A row chosen for one panel is not handed on after another panel is clicked.
+TEST(FrmKani, ClickingAnotherPanelDropsTheChosenRow)
+{
+    SimpleFixture x;
+    ScriptedMessages messages;
+    FrmKani form(messages, x.store.get(), {1, 2, 1, 1});
+    form.show();
+    clickPanel(&form, "imgFrDoor");
+    chooseRow(child<QTableWidget>(&form, "DataGrid1"), 0);
+    EXPECT_EQ(child<QLineEdit>(&form, "txtSBui")->text(), QStringLiteral("フロントドア"));
+    clickPanel(&form, "imgRoof");
+    EXPECT_TRUE(child<QLineEdit>(&form, "txtSBui")->text().isEmpty());
+    EXPECT_TRUE(child<QLineEdit>(&form, "txtKotin")->text().isEmpty());
+    EXPECT_TRUE(child<QLabel>(&form, "lblNo")->text().isEmpty());
+    child<QPushButton>(&form, "cmdOK")->click();
+    EXPECT_EQ(messages.lastText(), QStringLiteral("単価の行を選択してください。"));
+    EXPECT_FALSE(form.entry());
+    chooseRow(child<QTableWidget>(&form, "DataGrid1"), 0);
+    child<QPushButton>(&form, "cmdOK")->click();
+    ASSERT_TRUE(form.entry());
+    EXPECT_EQ(form.entry()->partName, QStringLiteral("ルーフ"));
+}
+
 TEST(FrmKani, CancelHandsNothingOn)
 {
     SimpleFixture x;
