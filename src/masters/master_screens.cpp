@@ -1,6 +1,7 @@
 #include "masters/master_screens.h"
 
 #include "db/part_db.h"
+#include "indices/bumper_calculation.h"
 
 namespace est::masters {
 
@@ -67,7 +68,7 @@ TableScreen bumperScreen()
     TableSpec base{QStringLiteral("BanpaDB"), QStringLiteral("バンパー指数"),
                    {text("作業", "作業（X:取替 S:修理）").mustHave().oneOf({QStringLiteral("X"), QStringLiteral("S")}),
                     text("車種", "車種").mustHave().oneOf(vehicleClasses()), text("色種", "色種").mustHave(),
-                    text("内容", "内容").mustHave(), text("備考", "備考"), index("指数", "指数").mustHave()},
+                    text("内容", "内容").mustHave().oneOf(indices::BumperCalculation::contents()), text("備考", "備考"), index("指数", "指数").mustHave()},
                    {0, 1, 2, 3}};
     TableSpec offVehicle{QStringLiteral("BampaTantaiDB"), QStringLiteral("単体塗装"),
                          {text("Colr", "色種").mustHave(), index("Sisu", "指数").mustHave()}, {0}};

@@ -1,30 +1,59 @@
 #include "masters/master_window.h"
 
 #include "masters/basic_index_gaps.h"
+#include "masters/bumper_gaps.h"
 #include "uikit/named.h"
 #include "uikit/table_screen_window.h"
 
 #include <QLabel>
+#include <functional>
 
 namespace est::masters {
 
 namespace {
 
-// The line under frmKisoSetting's tabs that names the missing basic-index combinations.
-void addGapsLine(ui::TableEditorWindow &window, QSqlDatabase database)
+// A line under the tabs that names the rows the pricing screens can ask for but the tables do
+// not hold, refreshed whenever one of the tables it reads is saved.
+struct GapCheck
+{
+    QStringList tables;
+    std::function<QString(const QSqlDatabase &, bool *complete)> describe;
+};
+
+void addGapsLine(ui::TableEditorWindow &window, QSqlDatabase database, const GapCheck &check)
 {
     auto *line = ui::named(new QLabel(&window), "lblMissing");
     line->setWordWrap(true);
-    const auto refresh = [line, database] {
-        QString error;
-        const QList<BasicIndexKey> gaps = missingBasicIndexRows(database, &error);
-        line->setText(error.isEmpty() ? describeGaps(gaps) : error);
-        line->setStyleSheet(gaps.isEmpty() && error.isEmpty() ? QString() : QStringLiteral("color: #b00000;"));
+    const auto refresh = [line, database, describe = check.describe] {
+        bool complete = false;
+        line->setText(describe(database, &complete));
+        line->setStyleSheet(complete ? QString() : QStringLiteral("color: #b00000;"));
     };
     refresh();
-    if (ui::TableEditor *basic = window.editor(QStringLiteral("KihonSisuDB")))
-        QObject::connect(basic, &ui::TableEditor::saved, line, refresh);
+    for (const QString &table : check.tables)
+        if (ui::TableEditor *editor = window.editor(table))
+            QObject::connect(editor, &ui::TableEditor::saved, line, refresh);
     window.addPanel(line);
+}
+
+GapCheck basicIndexGaps()
+{
+    return {{QStringLiteral("KihonSisuDB")}, [](const QSqlDatabase &database, bool *complete) {
+                QString error;
+                const QList<BasicIndexKey> gaps = missingBasicIndexRows(database, &error);
+                *complete = error.isEmpty() && gaps.isEmpty();
+                return error.isEmpty() ? describeGaps(gaps) : error;
+            }};
+}
+
+GapCheck bumperGaps()
+{
+    return {{QStringLiteral("BanpaDB"), QStringLiteral("BampaTantaiDB")}, [](const QSqlDatabase &database, bool *complete) {
+                QString error;
+                const BumperGaps gaps = missingBumperRows(database, &error);
+                *complete = error.isEmpty() && gaps.empty();
+                return error.isEmpty() ? describeBumperGaps(gaps) : error;
+            }};
 }
 
 } // namespace
@@ -34,7 +63,9 @@ std::unique_ptr<ui::TableEditorWindow> makeMasterWindow(const mastertable::Table
 {
     auto window = ui::makeTableScreenWindow(screen, database, messages, parent);
     if (screen.objectName == QStringLiteral("frmKisoSetting"))
-        addGapsLine(*window, database);
+        addGapsLine(*window, database, basicIndexGaps());
+    else if (screen.objectName == QStringLiteral("frmBSetting"))
+        addGapsLine(*window, database, bumperGaps());
     return window;
 }
 

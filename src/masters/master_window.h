@@ -1,7 +1,7 @@
 #pragma once
 // Opens the master-data screens of the settings hub on the table editor: one tab per table of
-// the screen's description. frmKisoSetting also lists the basic-index combinations that are
-// missing, refreshed after every save.
+// the screen's description. frmKisoSetting and frmBSetting also list the rows the paint and
+// bumper screens can ask for that are missing, refreshed after every save.
 
 #include "common/messages.h"
 #include "masters/master_screens.h"

@@ -3,6 +3,7 @@
 #include "mastertable/table_edit_model.h"
 #include "mastertable/table_store.h"
 #include "masters/basic_index_gaps.h"
+#include "masters/bumper_gaps.h"
 #include "masters/master_screens.h"
 #include "temp_app_folder.h"
 
@@ -121,4 +122,46 @@ TEST(PaintNameScreen, ACategoryStillUsedByPartNamesIsNotDeleted)
     EXPECT_FALSE(outcome.saved);
     EXPECT_TRUE(outcome.message.contains(QStringLiteral("使われているため"))) << outcome.message.toStdString();
     EXPECT_EQ(count("SELECT COUNT(*) FROM TKubunDB"), categories);
+}
+
+// Every bumper choice has its rows in a new installation; a row removed, or a paint kind typed
+// differently (full-width ソリッド), shows as gaps instead of a bumper priced at index 0.
+TEST(BumperGaps, ListsTheRowsTheBumperScreenCanAskFor)
+{
+    test::TempAppFolder folder;
+    db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
+    ASSERT_TRUE(opened.ok());
+    QString error;
+    EXPECT_TRUE(missingBumperRows(opened.database, &error).empty()) << error.toStdString();
+    EXPECT_EQ(describeBumperGaps({}), QStringLiteral("作業・車種・色種・内容のすべての組み合わせにバンパー指数があります。"));
+
+    QSqlQuery q(opened.database);
+    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM BanpaDB WHERE \"作業\" = 'X' AND \"車種\" = '普通' AND \"色種\" = 'ﾒﾀﾘｯｸ' "
+                                      "AND \"内容\" = '全面塗装'")));
+    BumperGaps gaps = missingBumperRows(opened.database, &error);
+    EXPECT_EQ(gaps.baseRows, QStringList({QStringLiteral("取替・普通・ﾒﾀﾘｯｸ・全面塗装")}));
+    EXPECT_TRUE(gaps.offVehicleKinds.isEmpty());
+
+    // One row with the kind typed in full-width: 2 works × 3 classes × 3 contents - 1 are missing.
+    ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO BanpaDB VALUES ('S', '小型', 'ソリッド', '半面塗装', '', 1.5)")));
+    gaps = missingBumperRows(opened.database, &error);
+    EXPECT_EQ(gaps.baseRows.size(), 1 + 17);
+    EXPECT_TRUE(gaps.baseRows.contains(QStringLiteral("修理・軽自・ソリッド・全面塗装")));
+    EXPECT_EQ(gaps.offVehicleKinds, QStringList({QStringLiteral("ソリッド")}));
+    EXPECT_EQ(describeBumperGaps(gaps, 1), QStringLiteral("バンパー指数の無い組み合わせ（18件）：取替・小型・ソリッド・全面塗装 ほか\n"
+                                                          "単体塗装の指数が無い色種：ソリッド"));
+
+    ASSERT_TRUE(q.exec(QStringLiteral("DROP TABLE BampaTantaiDB")));
+    EXPECT_TRUE(missingBumperRows(opened.database, &error).empty());
+    EXPECT_TRUE(error.startsWith(QStringLiteral("バンパー指数の表を読めませんでした。")));
+}
+
+// The content of a bumper row is one the bumper screen offers.
+TEST(BumperScreen, AContentTheScreenDoesNotOfferIsRefused)
+{
+    const mastertable::TableSpec base = bumperScreen().tables.at(0);
+    const int content = base.columnOf(QStringLiteral("内容"));
+    ASSERT_GE(content, 0);
+    EXPECT_FALSE(mastertable::checkCell(base.columns.at(content), QStringLiteral("全面")).ok());
+    EXPECT_TRUE(mastertable::checkCell(base.columns.at(content), QStringLiteral("コーナー部塗装")).ok());
 }
