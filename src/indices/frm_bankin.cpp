@@ -90,21 +90,30 @@ void FrmBankin::sizeChanged()
     if (!height || !width)
         return;
     const auto shown = areaClassFor(*height, *width);
-    if (!shown)
-        return; // the product does not fit: the display stays as it was
+    if (!shown) {
+        // The product does not fit: the display stays as it was, but its indices are no
+        // longer those of the size typed, so none of them may go to the work item editor.
+        enableGrades({});
+        return;
+    }
     m_area->setText(QString::number(shown->areaClass));
     m_qualifier->setText(shown->qualifier);
-    const bool classChanged = !m_shown || m_shown->areaClass != shown->areaClass;
     m_shown = shown;
-    if (!classChanged)
+    const auto grades = m_table.grades(shown->areaClass);
+    if (!grades) {
+        // An area class with no row leaves the indices as they were, not to be chosen.
+        enableGrades({});
         return;
-    // An area class with no row leaves the indices as they were.
-    if (const auto grades = m_table.grades(shown->areaClass)) {
-        for (int g = 0; g < 3; ++g) {
-            m_indices[size_t(g)]->setText(shownIndex((*grades)[size_t(g)]));
-            m_grades[size_t(g)]->setEnabled(!(*grades)[size_t(g)].isEmpty());
-        }
     }
+    for (int g = 0; g < 3; ++g)
+        m_indices[size_t(g)]->setText(shownIndex((*grades)[size_t(g)]));
+    enableGrades(*grades);
+}
+
+void FrmBankin::enableGrades(const std::array<QString, 3> &indices)
+{
+    for (int g = 0; g < 3; ++g)
+        m_grades[size_t(g)]->setEnabled(!indices[size_t(g)].isEmpty());
 }
 
 void FrmBankin::choose(Grade grade)

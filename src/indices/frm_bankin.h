@@ -31,6 +31,8 @@ public:
 
 private:
     void sizeChanged();
+    // The grade buttons whose index is there; none for an empty array.
+    void enableGrades(const std::array<QString, 3> &indices);
     void choose(Grade grade);
 
     SheetMetalTable m_table;

@@ -78,6 +78,13 @@ TEST_F(FrmBankinTest, SmallAndLargeAreasAndTheOverflow)
     EXPECT_EQ(label("lblIka"), "");
     EXPECT_EQ(label("lblB"), "6.40");
     EXPECT_TRUE(messages.shown.isEmpty());
+    // Those indices belong to 200 × 20, not to the size typed: no grade can be chosen.
+    for (const char *grade : {"cmdA", "cmdB", "cmdC"})
+        EXPECT_FALSE(child<QPushButton>(screen.get(), grade)->isEnabled()) << grade;
+    child<QPushButton>(screen.get(), "cmdB")->click();
+    EXPECT_FALSE(screen->choice());
+    width()->setText("20");
+    EXPECT_TRUE(child<QPushButton>(screen.get(), "cmdB")->isEnabled());
 }
 
 TEST_F(FrmBankinTest, TextNegativeAndHugeNumbersLeaveTheBoxAsItWas)
@@ -117,6 +124,7 @@ TEST_F(FrmBankinTest, AreaClassWithoutRowKeepsTheIndices)
     width()->setText("200");          // 20 d㎡: no row
     EXPECT_EQ(label("lbldm"), "20");
     EXPECT_EQ(label("lblA"), "4.20"); // from class 40, left as it was
+    EXPECT_FALSE(child<QPushButton>(screen.get(), "cmdA")->isEnabled());
 }
 
 } // namespace
