@@ -28,12 +28,14 @@ ColumnSpec whole(const char *field, const char *caption)
     return ColumnSpec::whole(QString::fromUtf8(field), QString::fromUtf8(caption));
 }
 
-// "1枚" ... for the per-panel index columns `prefix`1 ... `prefix`count.
+// "1枚" ... for the per-panel index columns `prefix`1 ... `prefix`count. Each panel count the
+// screens offer needs its index: an empty one would leave the index of another count priced.
 QList<ColumnSpec> panelColumns(const char *prefix, int count)
 {
     QList<ColumnSpec> columns;
     for (int n = 1; n <= count; ++n)
-        columns << ColumnSpec::index(QString::fromUtf8(prefix) + QString::number(n), QStringLiteral("%1枚").arg(n));
+        columns << ColumnSpec::index(QString::fromUtf8(prefix) + QString::number(n), QStringLiteral("%1枚").arg(n))
+                       .mustHave();
     return columns;
 }
 
@@ -75,6 +77,11 @@ TableScreen bumperScreen()
     // Read in table order: the first three rows are the three condition check boxes.
     TableSpec conditions{QStringLiteral("BampaJyoukenDB"), QStringLiteral("条件加算（上から順に3行）"),
                          {text("Jyouken", "条件").mustHave(), index("Sisu", "指数").mustHave()}, {}};
+    // Fewer rows would price the missing check boxes at 0 without a word.
+    conditions.wholeTableCheck = [](const QList<QStringList> &rows) {
+        return rows.size() >= 3 ? QString()
+                                : QStringLiteral("条件加算は上から順に3行（センサー・灯火類付、モール・縞付、傷多数）が必要です。");
+    };
     return {QStringLiteral("frmBSetting"), QStringLiteral("バンパー指数設定"), kPartDb, {base, offVehicle, conditions}};
 }
 

@@ -17,16 +17,17 @@ constexpr qint64 kLargestNumber = std::numeric_limits<std::int16_t>::max();
 
 // A classification table: its number, unique and kept while a unit price uses it, and its
 // name. The name field is named like the unit prices' field that refers to the table.
-TableSpec classification(const QString &table, const QString &field, const QString &caption)
+// `numbers` limits the numbers to those a dialog can offer (empty: any).
+TableSpec classification(const QString &table, const QString &field, const QString &caption,
+                         const QStringList &numbers = {})
 {
-    return TableSpec{table,
-                     caption,
-                     {ColumnSpec::whole(QStringLiteral("No"), QStringLiteral("番号"))
-                          .mustHave()
-                          .upTo(kLargestNumber)
-                          .usedIn(QStringLiteral("T_TUnitPrice"), field),
-                      ColumnSpec::text(field, QStringLiteral("名称")).mustHave().atMost(40)},
-                     {0}};
+    ColumnSpec number = ColumnSpec::whole(QStringLiteral("No"), QStringLiteral("番号"))
+                            .mustHave()
+                            .upTo(kLargestNumber)
+                            .usedIn(QStringLiteral("T_TUnitPrice"), field);
+    if (!numbers.isEmpty())
+        number.oneOf(numbers);
+    return TableSpec{table, caption, {number, ColumnSpec::text(field, QStringLiteral("名称")).mustHave().atMost(40)}, {0}};
 }
 
 ColumnSpec classReference(const QString &field, const QString &caption, const QString &table)
@@ -75,7 +76,9 @@ mastertable::TableScreen unitPriceScreen()
             QStringLiteral("簡易見積単価設定"),
             EasyEstimateStore::kRelativePath,
             {prices,
-             classification(QStringLiteral("M_TSKubun"), QStringLiteral("作業区分"), QStringLiteral("作業区分")),
+             // dlgSSelect offers work kinds 1 (optKH) and 2 (optZP) only.
+             classification(QStringLiteral("M_TSKubun"), QStringLiteral("作業区分"), QStringLiteral("作業区分"),
+                            {QStringLiteral("1"), QStringLiteral("2")}),
              classification(QStringLiteral("M_TSyaryoA"), QStringLiteral("車両区分A"), QStringLiteral("車両区分Ａ")),
              classification(QStringLiteral("M_TSyaryoB"), QStringLiteral("車両区分B"), QStringLiteral("車両区分Ｂ")),
              classification(QStringLiteral("M_TColor"), QStringLiteral("色区分"), QStringLiteral("色区分"))},

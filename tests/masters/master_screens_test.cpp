@@ -165,3 +165,23 @@ TEST(BumperScreen, AContentTheScreenDoesNotOfferIsRefused)
     EXPECT_FALSE(mastertable::checkCell(base.columns.at(content), QStringLiteral("全面")).ok());
     EXPECT_TRUE(mastertable::checkCell(base.columns.at(content), QStringLiteral("コーナー部塗装")).ok());
 }
+
+// The bumper screen reads the first three condition rows; fewer cannot be saved.
+TEST(BumperScreen, FewerThanThreeConditionsAreNotSaved)
+{
+    test::TempAppFolder folder;
+    const mastertable::TableScreen screen = bumperScreen();
+    const db::OpenResult opened = db::openDatabase(folder.path(), screen.database);
+    ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
+    const mastertable::TableSpec &conditions = screen.tables.at(2);
+    ASSERT_EQ(conditions.table, QStringLiteral("BampaJyoukenDB"));
+    mastertable::TableEditModel model{mastertable::TableStore(opened.database, conditions)};
+    ASSERT_EQ(model.rowCount(), 3);
+    model.removeHeldRows({2});
+    const mastertable::SaveOutcome outcome = model.save();
+    EXPECT_FALSE(outcome.saved);
+    EXPECT_TRUE(outcome.message.startsWith(QStringLiteral("条件加算は上から順に3行"))) << outcome.message.toStdString();
+    QSqlQuery q(opened.database);
+    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(*) FROM BampaJyoukenDB")) && q.next());
+    EXPECT_EQ(q.value(0).toInt(), 3);
+}

@@ -103,6 +103,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Refusal{"T_TUnitPrice", Num, "12", "次のどれかを入力してください：0、1、2、3、4、5、6、7、8、9、10、11"},
                       Refusal{"T_TUnitPrice", Part, "", "値を入力してください。"},
                       Refusal{"M_TSyaryoA", 0, "40000", "大きすぎます（32767まで）。"},
+                      // The work-kind dialog offers two kinds only.
+                      Refusal{"M_TSKubun", 0, "3", "次のどれかを入力してください：1、2"},
                       Refusal{"M_TColor", 1, "　", "値を入力してください。"}));
 
 TEST_F(FrmKaniSetTest, AnEditIsHeldUntilSavedAndThenReachesThePriceScreen)
