@@ -5,6 +5,7 @@
 
 #include "program_fixture.h"
 #include "when_modal.h"
+#include "widget_lookup.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,42 +22,13 @@
 #include <gtest/gtest.h>
 
 using namespace est;
+using est::test::chooseText;
+using est::test::click;
+using est::test::shownText;
+using est::test::child;
 using est::test::whenModal;
 
 namespace {
-
-template <typename T>
-T *child(QObject *parent, const char *name)
-{
-    auto *widget = parent->findChild<T *>(QLatin1String(name));
-    EXPECT_TRUE(widget) << name;
-    return widget;
-}
-
-void click(QObject *parent, const char *name)
-{
-    child<QPushButton>(parent, name)->click();
-}
-
-QString text(QObject *parent, const char *name)
-{
-    if (auto *label = parent->findChild<QLabel *>(QLatin1String(name)))
-        return label->text();
-    if (auto *edit = parent->findChild<QLineEdit *>(QLatin1String(name)))
-        return edit->text();
-    if (auto *box = parent->findChild<QComboBox *>(QLatin1String(name)))
-        return box->currentText();
-    ADD_FAILURE() << name;
-    return {};
-}
-
-void choose(QObject *parent, const char *combo, const char *entry)
-{
-    auto *box = child<QComboBox>(parent, combo);
-    const int index = box->findText(QString::fromUtf8(entry));
-    ASSERT_GE(index, 0) << combo << " " << entry;
-    box->setCurrentIndex(index);
-}
 
 // Clicks the entry of that text as a user would.
 void pick(QListWidget *list, const char *entry)
@@ -72,7 +44,7 @@ void answerPaintKind(QDialog *d)
     cls->setCurrentIndex(cls->findText(QStringLiteral("普通自動車")));
     Q_EMIT cls->activated(cls->currentIndex());
     child<QLineEdit>(d, "txtIroNo")->setText(QStringLiteral("1F7"));
-    choose(d, "cboToryo", "ﾒﾀﾘｯｸ");
+    chooseText(d, "cboToryo", "ﾒﾀﾘｯｸ");
     click(d, "OKButton");
 }
 
@@ -80,32 +52,32 @@ void answerPaintKind(QDialog *d)
 void priceBumpers(QDialog *d)
 {
     child<QCheckBox>(d, "chkFr")->click();
-    choose(d, "cboFrSagyo", "取替");
-    choose(d, "cboFrNai", "全面塗装");
+    chooseText(d, "cboFrSagyo", "取替");
+    chooseText(d, "cboFrNai", "全面塗装");
     child<QCheckBox>(d, "chkRr")->click();
-    choose(d, "cboRrSagyo", "修理");
-    choose(d, "cboRrNai", "半面塗装");
+    chooseText(d, "cboRrSagyo", "修理");
+    chooseText(d, "cboRrNai", "半面塗装");
     child<QCheckBox>(d, "chkRrHyoj")->click();
     child<QCheckBox>(d, "chkTantai")->click();
-    EXPECT_EQ(text(d, "txtFrSisu"), "3.39");
-    EXPECT_EQ(text(d, "lblFrSum"), "22,040");
-    EXPECT_EQ(text(d, "txtRrSisu"), "2.95");
-    EXPECT_EQ(text(d, "lblRrSum"), "19,180");
+    EXPECT_EQ(shownText(d, "txtFrSisu"), "3.39");
+    EXPECT_EQ(shownText(d, "lblFrSum"), "22,040");
+    EXPECT_EQ(shownText(d, "txtRrSisu"), "2.95");
+    EXPECT_EQ(shownText(d, "lblRrSum"), "19,180");
     click(d, "cmdOK");
 }
 
 // Two-tone over three panels, sealing of two units, the booth.
 void priceAdditional(QDialog *d)
 {
-    EXPECT_EQ(text(d, "lblRato"), "6,500");
-    choose(d, "cboTone", "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
-    choose(d, "cboMai", "3");
+    EXPECT_EQ(shownText(d, "lblRato"), "6,500");
+    chooseText(d, "cboTone", "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
+    chooseText(d, "cboMai", "3");
     QTest::keyClicks(child<QLineEdit>(d, "txtSeelMai"), "2");
     child<QCheckBox>(d, "chkBooth")->click();
-    EXPECT_EQ(text(d, "lblToneNum"), "1.43");
-    EXPECT_EQ(text(d, "lblTonesum"), "9,300");
-    EXPECT_EQ(text(d, "lblSeelSi"), "0.50");
-    EXPECT_EQ(text(d, "lblGoukei"), "15,800");
+    EXPECT_EQ(shownText(d, "lblToneNum"), "1.43");
+    EXPECT_EQ(shownText(d, "lblTonesum"), "9,300");
+    EXPECT_EQ(shownText(d, "lblSeelSi"), "0.50");
+    EXPECT_EQ(shownText(d, "lblGoukei"), "15,800");
     click(d, "cmdOK");
 }
 
@@ -151,14 +123,14 @@ TEST(IndexScreensFlow, SheetMetalSimpleBumperAndAdditionalSavedAndReopened)
         whenModal(QStringLiteral("frmBankin"), [](QDialog *d) {
             QTest::keyClicks(child<QLineEdit>(d, "txtTate"), "30");
             QTest::keyClicks(child<QLineEdit>(d, "txtYoko"), "45");
-            EXPECT_EQ(text(d, "lbldm"), "13");
-            EXPECT_EQ(text(d, "lblB"), "2.35");
+            EXPECT_EQ(shownText(d, "lbldm"), "13");
+            EXPECT_EQ(shownText(d, "lblB"), "2.35");
             click(d, "cmdB");
         });
         click(editor, "cmdBankin");
-        EXPECT_EQ(text(editor, "txtBuhinT"), " B : 13d㎡");
-        EXPECT_EQ(text(editor, "txtSisu"), "2.35");
-        EXPECT_EQ(text(editor, "lblKKei"), "11750");
+        EXPECT_EQ(shownText(editor, "txtBuhinT"), " B : 13d㎡");
+        EXPECT_EQ(shownText(editor, "txtSisu"), "2.35");
+        EXPECT_EQ(shownText(editor, "lblKKei"), "11750");
         child<QLineEdit>(editor, "txtBuhin")->setText(QStringLiteral("リヤフェンダ"));
         click(editor, "cmdAdd");
 
@@ -181,18 +153,18 @@ TEST(IndexScreensFlow, SheetMetalSimpleBumperAndAdditionalSavedAndReopened)
             auto *grid = child<QTableWidget>(d, "DataGrid1");
             ASSERT_GE(grid->rowCount(), 1);
             QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(0, 1)).center());
-            EXPECT_EQ(text(d, "txtSNaiyo"), "キズ・ヘコミ修理（小）");
+            EXPECT_EQ(shownText(d, "txtSNaiyo"), "キズ・ヘコミ修理（小）");
             click(d, "cmdOK");
         });
         click(editor, "cmdEasy");
-        EXPECT_EQ(text(editor, "txtBuhin"), "フロントドア");
-        EXPECT_EQ(text(editor, "cboSagyo"), "キズ・ヘコミ修理（小）");
-        EXPECT_EQ(text(editor, "txtKoutin"), "12400");
-        EXPECT_EQ(text(editor, "txtBTan"), "3900");
-        EXPECT_EQ(text(editor, "txtBKo"), "1");
-        EXPECT_EQ(text(editor, "lblBKei"), "3900");
+        EXPECT_EQ(shownText(editor, "txtBuhin"), "フロントドア");
+        EXPECT_EQ(shownText(editor, "cboSagyo"), "キズ・ヘコミ修理（小）");
+        EXPECT_EQ(shownText(editor, "txtKoutin"), "12400");
+        EXPECT_EQ(shownText(editor, "txtBTan"), "3900");
+        EXPECT_EQ(shownText(editor, "txtBKo"), "1");
+        EXPECT_EQ(shownText(editor, "lblBKei"), "3900");
         click(editor, "cmdAdd");
-        EXPECT_EQ(text(editor, "lblKSum"), "24,150");
+        EXPECT_EQ(shownText(editor, "lblKSum"), "24,150");
         click(editor, "cmdOK");
     });
     click(c.sheet, "cmdSakusei");
@@ -204,10 +176,10 @@ TEST(IndexScreensFlow, SheetMetalSimpleBumperAndAdditionalSavedAndReopened)
         QTest::keyClicks(child<QLineEdit>(d, "txtRato"), "6500");
         whenModal(QStringLiteral("frmBumpa"), priceBumpers);
         click(d, "cmdBumpa");
-        EXPECT_EQ(text(d, "lblBumpaSum"), "41,220");
+        EXPECT_EQ(shownText(d, "lblBumpaSum"), "41,220");
         whenModal(QStringLiteral("frmFuka"), priceAdditional);
         click(d, "cmdFuka");
-        EXPECT_EQ(text(d, "lblFukaSum"), "15,800");
+        EXPECT_EQ(shownText(d, "lblFukaSum"), "15,800");
         click(d, "cmdOK");
     });
     click(c.sheet, "cmdPaint");
@@ -245,18 +217,18 @@ TEST(IndexScreensFlow, SheetMetalSimpleBumperAndAdditionalSavedAndReopened)
     // The bumper and additional screens show what was chosen; Cancel everywhere changes nothing.
     whenModal(QStringLiteral("dlgToryo"), [](QDialog *d) { click(d, "OKButton"); });
     whenModal(QStringLiteral("frmPaint"), [](QDialog *d) {
-        EXPECT_EQ(text(d, "lblBumpaSum"), "41,220");
-        EXPECT_EQ(text(d, "lblFukaSum"), "15,800");
+        EXPECT_EQ(shownText(d, "lblBumpaSum"), "41,220");
+        EXPECT_EQ(shownText(d, "lblFukaSum"), "15,800");
         whenModal(QStringLiteral("frmBumpa"), [](QDialog *b) {
             EXPECT_TRUE(child<QCheckBox>(b, "chkRrHyoj")->isChecked());
-            EXPECT_EQ(text(b, "cboFrSagyo"), "取替");
-            EXPECT_EQ(text(b, "lblRrSum"), "19,180");
+            EXPECT_EQ(shownText(b, "cboFrSagyo"), "取替");
+            EXPECT_EQ(shownText(b, "lblRrSum"), "19,180");
             click(b, "cmdCancel");
         });
         click(d, "cmdBumpa");
         whenModal(QStringLiteral("frmFuka"), [](QDialog *f) {
-            EXPECT_EQ(text(f, "lblTonesum"), "9,300");
-            EXPECT_EQ(text(f, "lblGoukei"), "15,800");
+            EXPECT_EQ(shownText(f, "lblTonesum"), "9,300");
+            EXPECT_EQ(shownText(f, "lblGoukei"), "15,800");
             click(f, "cmdCancel");
         });
         click(d, "cmdFuka");
@@ -278,7 +250,7 @@ TEST(IndexScreensFlow, CancelOnThePaintScreenDropsTheBumperChoice)
         QTest::keyClicks(child<QLineEdit>(d, "txtRato"), "6500");
         whenModal(QStringLiteral("frmBumpa"), priceBumpers);
         click(d, "cmdBumpa");
-        EXPECT_EQ(text(d, "lblBumpaSum"), "41,220");
+        EXPECT_EQ(shownText(d, "lblBumpaSum"), "41,220");
         click(d, "cmdCancel");
     });
     // The shop rounds at the ones digit, as above.
@@ -312,8 +284,8 @@ TEST(IndexScreensFlow, ADamagedUnitPriceFileIsReportedAndTheEditorStaysUsable)
         EXPECT_TRUE(p.messages.lastText().contains(QStringLiteral("Data/EasyEstimate.sqlite")))
             << p.messages.lastText().toStdString();
         EXPECT_TRUE(editor->isVisible());
-        EXPECT_EQ(text(editor, "txtBuhin"), "ボンネット");
-        EXPECT_EQ(text(editor, "lblKKei"), "6000");
+        EXPECT_EQ(shownText(editor, "txtBuhin"), "ボンネット");
+        EXPECT_EQ(shownText(editor, "lblKKei"), "6000");
         click(editor, "cmdAdd");
         click(editor, "cmdOK");
     });

@@ -5,6 +5,7 @@
 #include "customers/frm_kokyaku.h"
 #include "scripted_messages.h"
 #include "when_modal.h"
+#include "widget_lookup.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -32,14 +33,6 @@ inline void typeInto(QLineEdit *edit, const QString &text)
     else
         edit->insert(text);
     QTest::keyClick(edit, Qt::Key_Return);
-}
-
-template <typename T>
-T *child(const QWidget *parent, const char *name)
-{
-    T *w = parent->findChild<T *>(QLatin1String(name));
-    EXPECT_NE(w, nullptr) << name;
-    return w;
 }
 
 struct ScreenFixture : CustomerFixture

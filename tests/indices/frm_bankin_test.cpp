@@ -1,7 +1,7 @@
 // frmBankin driven through its controls on the sample table.
 #include "indices/frm_bankin.h"
 #include "part_db_fixture.h"
-#include "screen_fixture.h"
+#include "widget_lookup.h"
 
 #include <QCloseEvent>
 #include <QLabel>

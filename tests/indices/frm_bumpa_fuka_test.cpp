@@ -3,7 +3,7 @@
 #include "indices/frm_bumpa.h"
 #include "indices/frm_fuka.h"
 #include "part_db_fixture.h"
-#include "screen_fixture.h"
+#include "widget_lookup.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,30 +14,12 @@
 #include <QTest>
 
 using namespace est;
+using est::test::chooseText;
+using est::test::shownText;
 using namespace est::indices;
 using test::child;
 
 namespace {
-
-void choose(QWidget *screen, const char *combo, const char *text)
-{
-    auto *box = child<QComboBox>(screen, combo);
-    const int index = box->findText(QString::fromUtf8(text));
-    ASSERT_GE(index, 0) << combo << " " << text;
-    box->setCurrentIndex(index);
-}
-
-QString text(QWidget *screen, const char *name)
-{
-    if (auto *label = screen->findChild<QLabel *>(QLatin1String(name)))
-        return label->text();
-    if (auto *edit = screen->findChild<QLineEdit *>(QLatin1String(name)))
-        return edit->text();
-    if (auto *box = screen->findChild<QComboBox *>(QLatin1String(name)))
-        return box->currentText();
-    ADD_FAILURE() << name;
-    return {};
-}
 
 class FrmBumpaTest : public test::PartDbTest
 {
@@ -54,24 +36,24 @@ protected:
 TEST_F(FrmBumpaTest, FrontReplaceRearRepairOffVehicleThenReopened)
 {
     auto screen = open(BumperState{});
-    EXPECT_EQ(text(screen.get(), "lblJidousya"), "普通自動車");
-    EXPECT_EQ(text(screen.get(), "lbl1"), "ﾒﾀﾘｯｸ");
-    EXPECT_EQ(text(screen.get(), "cboFrSagyo"), ""); // nothing chosen until the user chooses
+    EXPECT_EQ(shownText(screen.get(), "lblJidousya"), "普通自動車");
+    EXPECT_EQ(shownText(screen.get(), "lbl1"), "ﾒﾀﾘｯｸ");
+    EXPECT_EQ(shownText(screen.get(), "cboFrSagyo"), ""); // nothing chosen until the user chooses
     child<QCheckBox>(screen.get(), "chkFr")->click();
-    choose(screen.get(), "cboFrSagyo", "取替");
-    choose(screen.get(), "cboFrNai", "全面塗装");
-    EXPECT_EQ(text(screen.get(), "txtFrSisu"), "3.04");
-    EXPECT_EQ(text(screen.get(), "lblFrSum"), "19,760"); // 3.04 × 6,500
+    chooseText(screen.get(), "cboFrSagyo", "取替");
+    chooseText(screen.get(), "cboFrNai", "全面塗装");
+    EXPECT_EQ(shownText(screen.get(), "txtFrSisu"), "3.04");
+    EXPECT_EQ(shownText(screen.get(), "lblFrSum"), "19,760"); // 3.04 × 6,500
     child<QCheckBox>(screen.get(), "chkRr")->click();
-    choose(screen.get(), "cboRrSagyo", "修理");
-    choose(screen.get(), "cboRrNai", "半面塗装");
+    chooseText(screen.get(), "cboRrSagyo", "修理");
+    chooseText(screen.get(), "cboRrNai", "半面塗装");
     child<QCheckBox>(screen.get(), "chkRrHyoj")->click();
     child<QCheckBox>(screen.get(), "chkTantai")->click();
-    EXPECT_EQ(text(screen.get(), "lblTantai"), "0.35");
-    EXPECT_EQ(text(screen.get(), "txtFrSisu"), "3.39");
-    EXPECT_EQ(text(screen.get(), "lblFrSum"), "22,040");  // 22,035 at the ones digit, half up
-    EXPECT_EQ(text(screen.get(), "txtRrSisu"), "2.95");
-    EXPECT_EQ(text(screen.get(), "lblRrSum"), "19,180");  // 19,175
+    EXPECT_EQ(shownText(screen.get(), "lblTantai"), "0.35");
+    EXPECT_EQ(shownText(screen.get(), "txtFrSisu"), "3.39");
+    EXPECT_EQ(shownText(screen.get(), "lblFrSum"), "22,040");  // 22,035 at the ones digit, half up
+    EXPECT_EQ(shownText(screen.get(), "txtRrSisu"), "2.95");
+    EXPECT_EQ(shownText(screen.get(), "lblRrSum"), "19,180");  // 19,175
     QSignalSpy accepted(screen.get(), &QDialog::accepted);
     child<QPushButton>(screen.get(), "cmdOK")->click();
     ASSERT_EQ(accepted.count(), 1);
@@ -81,16 +63,16 @@ TEST_F(FrmBumpaTest, FrontReplaceRearRepairOffVehicleThenReopened)
 
     auto again = open(kept);
     EXPECT_TRUE(child<QCheckBox>(again.get(), "chkFr")->isChecked());
-    EXPECT_EQ(text(again.get(), "cboFrSagyo"), "取替");
-    EXPECT_EQ(text(again.get(), "cboRrNai"), "半面塗装");
+    EXPECT_EQ(shownText(again.get(), "cboFrSagyo"), "取替");
+    EXPECT_EQ(shownText(again.get(), "cboRrNai"), "半面塗装");
     EXPECT_TRUE(child<QCheckBox>(again.get(), "chkRrHyoj")->isChecked());
     EXPECT_FALSE(child<QCheckBox>(again.get(), "chkRrKizu")->isChecked());
     EXPECT_TRUE(child<QCheckBox>(again.get(), "chkTantai")->isChecked());
-    EXPECT_EQ(text(again.get(), "lblRrSum"), "19,180");
+    EXPECT_EQ(shownText(again.get(), "lblRrSum"), "19,180");
     // Unchecking the condition on the reopened screen takes 0.20 off again: 2.75 × 6,500 = 17,875.
     child<QCheckBox>(again.get(), "chkRrHyoj")->click();
-    EXPECT_EQ(text(again.get(), "txtRrSisu"), "2.75");
-    EXPECT_EQ(text(again.get(), "lblRrSum"), "17,880");
+    EXPECT_EQ(shownText(again.get(), "txtRrSisu"), "2.75");
+    EXPECT_EQ(shownText(again.get(), "lblRrSum"), "17,880");
     // Cancel: the kept state is what the caller keeps; the screen's result is untouched.
     child<QPushButton>(again.get(), "cmdCancel")->click();
     EXPECT_EQ(again->result().lines, kept.lines);
@@ -112,24 +94,24 @@ protected:
 TEST_F(FrmFukaTest, SixItemsThenReopenedShowsTheStoredTexts)
 {
     auto screen = open(AdditionalState{});
-    EXPECT_EQ(text(screen.get(), "lblRato"), "6,800");
-    EXPECT_EQ(text(screen.get(), "lbl4"), "ﾒﾀﾘｯｸ");
-    choose(screen.get(), "cboTone", "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
-    choose(screen.get(), "cboMai", "3");
-    choose(screen.get(), "cboSasyu", "4");
-    choose(screen.get(), "cboSutoraip", "2");
+    EXPECT_EQ(shownText(screen.get(), "lblRato"), "6,800");
+    EXPECT_EQ(shownText(screen.get(), "lbl4"), "ﾒﾀﾘｯｸ");
+    chooseText(screen.get(), "cboTone", "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
+    chooseText(screen.get(), "cboMai", "3");
+    chooseText(screen.get(), "cboSasyu", "4");
+    chooseText(screen.get(), "cboSutoraip", "2");
     QTest::keyClicks(child<QLineEdit>(screen.get(), "txtSeelMai"), "2");
     QTest::keyClicks(child<QLineEdit>(screen.get(), "txtWaxMai"), "x3");
     child<QCheckBox>(screen.get(), "chkBooth")->click();
-    EXPECT_EQ(text(screen.get(), "lblToneNum"), "1.43");
-    EXPECT_EQ(text(screen.get(), "lblTonesum"), "9,724");
-    EXPECT_EQ(text(screen.get(), "lblSaSi"), "1.10");
-    EXPECT_EQ(text(screen.get(), "lblSutoraipSum"), "5,440");
-    EXPECT_EQ(text(screen.get(), "lblSeelSi"), "0.50");
-    EXPECT_EQ(text(screen.get(), "txtWaxMai"), "3");
-    EXPECT_EQ(text(screen.get(), "lblWaxSum"), "3,060");
-    EXPECT_EQ(text(screen.get(), "lblBSisu"), "0.50");
-    EXPECT_EQ(text(screen.get(), "lblGoukei"), "32,504");
+    EXPECT_EQ(shownText(screen.get(), "lblToneNum"), "1.43");
+    EXPECT_EQ(shownText(screen.get(), "lblTonesum"), "9,724");
+    EXPECT_EQ(shownText(screen.get(), "lblSaSi"), "1.10");
+    EXPECT_EQ(shownText(screen.get(), "lblSutoraipSum"), "5,440");
+    EXPECT_EQ(shownText(screen.get(), "lblSeelSi"), "0.50");
+    EXPECT_EQ(shownText(screen.get(), "txtWaxMai"), "3");
+    EXPECT_EQ(shownText(screen.get(), "lblWaxSum"), "3,060");
+    EXPECT_EQ(shownText(screen.get(), "lblBSisu"), "0.50");
+    EXPECT_EQ(shownText(screen.get(), "lblGoukei"), "32,504");
     child<QPushButton>(screen.get(), "cmdOK")->click();
     const AdditionalState kept = screen->result();
     EXPECT_TRUE(kept.entered);
@@ -138,17 +120,17 @@ TEST_F(FrmFukaTest, SixItemsThenReopenedShowsTheStoredTexts)
     // The stored texts come back as they were, even where the table has changed since.
     exec("UPDATE \"SasyuDB\" SET \"Sisu\" = 9");
     auto again = open(kept);
-    EXPECT_EQ(text(again.get(), "cboTone"), "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
-    EXPECT_EQ(text(again.get(), "cboMai"), "3");
-    EXPECT_EQ(text(again.get(), "lblSaSi"), "1.10");
-    EXPECT_EQ(text(again.get(), "lblSasyuSum"), "7,480");
-    EXPECT_EQ(text(again.get(), "txtSeelMai"), "2");
+    EXPECT_EQ(shownText(again.get(), "cboTone"), "ｿﾘｯﾄﾞ+ﾒﾀﾘｯｸ");
+    EXPECT_EQ(shownText(again.get(), "cboMai"), "3");
+    EXPECT_EQ(shownText(again.get(), "lblSaSi"), "1.10");
+    EXPECT_EQ(shownText(again.get(), "lblSasyuSum"), "7,480");
+    EXPECT_EQ(shownText(again.get(), "txtSeelMai"), "2");
     EXPECT_TRUE(child<QCheckBox>(again.get(), "chkBooth")->isChecked());
     // Emptying the sealing count clears its index and amount; Cancel keeps nothing of it.
     child<QLineEdit>(again.get(), "txtSeelMai")->clear();
-    EXPECT_EQ(text(again.get(), "lblSeelSi"), "");
-    EXPECT_EQ(text(again.get(), "lblSeelSum"), "");
-    EXPECT_EQ(text(again.get(), "lblGoukei"), "29,104");
+    EXPECT_EQ(shownText(again.get(), "lblSeelSi"), "");
+    EXPECT_EQ(shownText(again.get(), "lblSeelSum"), "");
+    EXPECT_EQ(shownText(again.get(), "lblGoukei"), "29,104");
     child<QPushButton>(again.get(), "cmdCancel")->click();
     EXPECT_EQ(again->result().items, kept.items);
 }

@@ -3,6 +3,7 @@
 
 #include "program_fixture.h"
 #include "when_modal.h"
+#include "widget_lookup.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,20 +16,11 @@
 #include <gtest/gtest.h>
 
 using namespace est;
+using est::test::click;
+using est::test::child;
 using est::test::whenModal;
 
 namespace {
-
-template <typename T>
-T *child(QObject *parent, const char *name)
-{
-    return parent->findChild<T *>(QLatin1String(name));
-}
-
-void click(QObject *parent, const char *name)
-{
-    child<QPushButton>(parent, name)->click();
-}
 
 void choosePanel(QDialog *d, int category, int part)
 {

@@ -5,6 +5,7 @@
 #include "scripted_messages.h"
 #include "temp_app_folder.h"
 #include "when_modal.h"
+#include "widget_lookup.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,18 +17,11 @@
 #include <gtest/gtest.h>
 
 using namespace est;
+using est::test::child;
 using namespace est::paint;
 using est::test::whenModal;
 
 namespace {
-
-template <typename T>
-T *child(QObject *parent, const char *name)
-{
-    T *found = parent->findChild<T *>(QLatin1String(name));
-    EXPECT_TRUE(found) << name;
-    return found;
-}
 
 struct ScreenFixture
 {

@@ -6,6 +6,7 @@
 #include "simple/dlg_s_select.h"
 #include "simple/frm_kani.h"
 #include "simple/simple_flow.h"
+#include "widget_lookup.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,20 +19,13 @@
 #include <QTest>
 
 using namespace est;
+using est::test::child;
 using namespace est::simple;
 using est::test::ModalAnswerer;
 using est::test::ScriptedMessages;
 using est::test::SimpleFixture;
 
 namespace {
-
-template <typename W>
-W *child(QWidget *parent, const char *name)
-{
-    auto *widget = parent->findChild<W *>(QLatin1String(name));
-    EXPECT_TRUE(widget) << name;
-    return widget;
-}
 
 QStringList items(QListWidget *list)
 {

@@ -7,6 +7,7 @@
 #include "scripted_messages.h"
 #include "sheet/frm_mitumori.h"
 #include "temp_app_folder.h"
+#include "widget_lookup.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -21,6 +22,7 @@
 #include <gtest/gtest.h>
 
 using namespace est;
+using est::test::child;
 using est::test::whenModal;
 
 namespace {
@@ -31,12 +33,6 @@ struct AppFixture : test::Program
 {
     AppFixture() { start(); }
 };
-
-template <typename T>
-T *child(QObject *parent, const char *name)
-{
-    return parent->findChild<T *>(QLatin1String(name));
-}
 
 QString sheetLabel(app::AppContext &c, const char *name)
 {
