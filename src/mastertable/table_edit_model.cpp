@@ -58,16 +58,36 @@ void TableEditModel::removeHeldRows(QList<int> rows)
 {
     std::sort(rows.begin(), rows.end(), std::greater<int>());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    for (int row : rows) {
-        if (row < 0 || row >= m_rows.size())
-            continue;
-        beginRemoveRows({}, row, row);
-        if (m_rows.at(row).rowid != 0)
-            m_deleted << m_rows.at(row).rowid;
-        m_rows.removeAt(row);
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [this](int row) { return row < 0 || row >= m_rows.size(); }),
+               rows.end());
+    // Runs of neighbouring rows go in one step each, so that deleting a whole large table
+    // does not move the rest of the list once per row.
+    for (qsizetype i = 0; i < rows.size();) {
+        const int last = rows.at(i);
+        int first = last;
+        while (++i < rows.size() && rows.at(i) == first - 1)
+            first = rows.at(i);
+        beginRemoveRows({}, first, last);
+        for (int row = first; row <= last; ++row)
+            if (m_rows.at(row).rowid != 0)
+                m_deleted << m_rows.at(row).rowid;
+        m_rows.remove(first, last - first + 1);
         endRemoveRows();
-        setDirty(true);
     }
+    if (!rows.isEmpty())
+        setDirty(true);
+}
+
+bool TableEditModel::hasChangesToSave() const
+{
+    if (!m_dirty)
+        return false;
+    if (!m_deleted.isEmpty())
+        return true;
+    for (const HeldRow &row : m_rows)
+        if (row.changed && !(row.rowid == 0 && row.blank()))
+            return true;
+    return false;
 }
 
 std::optional<Problem> TableEditModel::firstProblem(const QList<int> &kept, int *count) const

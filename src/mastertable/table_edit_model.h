@@ -40,6 +40,9 @@ public:
     int appendRow();
     // Removes the rows from the held table (deleted from the database on save).
     void removeHeldRows(QList<int> rows);
+    // Held edits that a save would write: not only rows added and left blank, which a save
+    // drops anyway.
+    bool hasChangesToSave() const;
 
     SaveOutcome save();
 

@@ -3,6 +3,7 @@
 #include "db/database.h"
 #include "db/transaction_guard.h"
 
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -13,8 +14,9 @@ namespace {
 
 QVariant bindValue(const ColumnSpec &column, const QString &value)
 {
+    // An empty text is stored as '' rather than NULL: text columns are often NOT NULL.
     if (column.kind == ColumnKind::Text)
-        return value;
+        return value.isNull() ? QStringLiteral("") : value;
     if (value.isEmpty())
         return QVariant(QMetaType(QMetaType::QString));  // NULL
     if (column.kind == ColumnKind::WholeNumber)
@@ -32,9 +34,31 @@ QString fieldList(const TableSpec &tableSpec)
     return fields.join(QStringLiteral(", "));
 }
 
-QString failure(const QSqlQuery &query)
+// What the database refused, in words for the user (SQLite's own text is English). The
+// transaction is rolled back, so the table is as it was.
+QString writeFailure(const QSqlError &error, const TableSpec &tableSpec)
 {
-    return QStringLiteral("データベースに書き込めませんでした。\n") + query.lastError().text();
+    const QString detail = error.databaseText() + QLatin1Char(' ') + error.driverText();
+    static const QRegularExpression constraint(QStringLiteral("(NOT NULL|UNIQUE) constraint failed: ([^ ,]+)"));
+    const auto captionOf = [&tableSpec](const QString &qualified) {
+        const QString field = qualified.section(QLatin1Char('.'), -1);
+        const int column = tableSpec.columnOf(field);
+        return column >= 0 ? tableSpec.columns.at(column).caption : field;
+    };
+    QString reason;
+    if (const QRegularExpressionMatch m = constraint.match(detail); m.hasMatch())
+        reason = m.captured(1) == QLatin1String("UNIQUE")
+                     ? QStringLiteral("「%1」が他の行と同じです。").arg(captionOf(m.captured(2)))
+                     : QStringLiteral("「%1」を空にはできません。").arg(captionOf(m.captured(2)));
+    else if (detail.contains(QLatin1String("locked")) || detail.contains(QLatin1String("busy")))
+        reason = QStringLiteral("ほかのプログラムがこのデータベースを使っています。少し待ってからもう一度保存してください。");
+    else if (detail.contains(QLatin1String("readonly")))
+        reason = QStringLiteral("データベースのファイルに書き込めません（読み取り専用）。");
+    else if (detail.contains(QLatin1String("disk")) || detail.contains(QLatin1String("full")))
+        reason = QStringLiteral("ディスクに空きがないか、ファイルを書き込めません。");
+    else
+        reason = QStringLiteral("（エラー番号 %1）").arg(error.nativeErrorCode());
+    return QStringLiteral("データベースに書き込めませんでした。\n%1\n表は変更していません。").arg(reason);
 }
 
 } // namespace
@@ -68,7 +92,7 @@ QList<StoredRow> TableStore::load(QString *error) const
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("SELECT rowid, %1 FROM %2 ORDER BY rowid")
                         .arg(fieldList(m_spec), db::quoteIdentifier(m_spec.table)))) {
-        *error = QStringLiteral("表 %1 を読めませんでした。\n%2").arg(m_spec.table, query.lastError().text());
+        *error = QStringLiteral("表 %1 を読めませんでした（エラー番号 %2）。").arg(m_spec.table, query.lastError().nativeErrorCode());
         return rows;
     }
     while (query.next()) {
@@ -92,12 +116,12 @@ QString TableStore::insertRows(const QList<QStringList> &rows) const
     QSqlQuery insert(m_database);
     if (!insert.prepare(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
                             .arg(db::quoteIdentifier(m_spec.table), fieldList(m_spec), marks.join(QLatin1Char(',')))))
-        return failure(insert);
+        return writeFailure(insert.lastError(), m_spec);
     for (const QStringList &values : rows) {
         for (int i = 0; i < m_spec.columns.size(); ++i)
             insert.bindValue(i, bindValue(m_spec.columns.at(i), values.value(i)));
         if (!insert.exec())
-            return failure(insert);
+            return writeFailure(insert.lastError(), m_spec);
     }
     return {};
 }
@@ -108,7 +132,7 @@ QString TableStore::apply(const TableChanges &changes) const
         return problem;
     db::TransactionGuard guard(m_database);
     if (!guard.started())
-        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+        return writeFailure(m_database.lastError(), m_spec);
     const QString table = db::quoteIdentifier(m_spec.table);
 
     QSqlQuery remove(m_database);
@@ -116,7 +140,7 @@ QString TableStore::apply(const TableChanges &changes) const
     for (qint64 rowid : changes.deleted) {
         remove.bindValue(0, rowid);
         if (!remove.exec())
-            return failure(remove);
+            return writeFailure(remove.lastError(), m_spec);
     }
 
     QString parkError;
@@ -136,13 +160,13 @@ QString TableStore::apply(const TableChanges &changes) const
             update.bindValue(i, bindValue(m_spec.columns.at(i), row.values.value(i)));
         update.bindValue(n, targets.at(r));
         if (!update.exec())
-            return failure(update);
+            return writeFailure(update.lastError(), m_spec);
     }
 
     if (QString error = insertRows(changes.inserted); !error.isEmpty())
         return error;
     if (!guard.commit())
-        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+        return writeFailure(m_database.lastError(), m_spec);
     return {};
 }
 
@@ -166,7 +190,7 @@ QList<qint64> TableStore::movedAside(const QList<StoredRow> &updated, QString *e
     QSqlQuery find(m_database);
     if (!park.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?").arg(table, assignments.join(QStringLiteral(", "))))
         || !find.prepare(QStringLiteral("SELECT rowid FROM %1 WHERE %2").arg(table, matches.join(QStringLiteral(" AND "))))) {
-        *error = failure(park.lastError().isValid() ? park : find);
+        *error = writeFailure((park.lastError().isValid() ? park : find).lastError(), m_spec);
         return {};
     }
     for (qsizetype r = 0; r < rowids.size(); ++r) {
@@ -184,7 +208,7 @@ QList<qint64> TableStore::movedAside(const QList<StoredRow> &updated, QString *e
         for (int i = 0; i < placeholder.size(); ++i)
             find.bindValue(i, placeholder.at(i));
         if (!park.exec() || !find.exec() || !find.next()) {
-            *error = failure(park.lastError().isValid() ? park : find);
+            *error = writeFailure((park.lastError().isValid() ? park : find).lastError(), m_spec);
             return {};
         }
         // A key that is the table's rowid moves the row with it.
@@ -200,14 +224,14 @@ QString TableStore::replaceAll(const QList<QStringList> &rows) const
         return problem;
     db::TransactionGuard guard(m_database);
     if (!guard.started())
-        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+        return writeFailure(m_database.lastError(), m_spec);
     QSqlQuery clear(m_database);
     if (!clear.exec(QStringLiteral("DELETE FROM %1").arg(db::quoteIdentifier(m_spec.table))))
-        return failure(clear);
+        return writeFailure(clear.lastError(), m_spec);
     if (QString error = insertRows(rows); !error.isEmpty())
         return error;
     if (!guard.commit())
-        return QStringLiteral("データベースに書き込めませんでした。\n") + m_database.lastError().text();
+        return writeFailure(m_database.lastError(), m_spec);
     return {};
 }
 
@@ -225,7 +249,7 @@ QSet<QString> TableStore::referencedValues(const Reference &reference, QString *
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("SELECT DISTINCT %1 FROM %2")
                         .arg(db::quoteIdentifier(reference.field), db::quoteIdentifier(reference.table)))) {
-        *error = query.lastError().text();
+        *error = QStringLiteral("参照先 %1 を読めませんでした（エラー番号 %2）。").arg(reference.table, query.lastError().nativeErrorCode());
         return values;
     }
     while (query.next())

@@ -15,6 +15,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QSet>
 #include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTableView>
@@ -105,6 +106,13 @@ TableEditor::TableEditor(mastertable::TableSpec tableSpec, QSqlDatabase database
         // After the view has closed the refused editor: report, then reopen it with the typed text.
         QTimer::singleShot(0, this, [this, row, column, typed, message] { showRefusal(row, column, typed, message); });
     });
+    // A value accepted, or the refused text given up with Esc, settles the last refusal.
+    connect(m_model, &QAbstractItemModel::dataChanged, this, [this] { m_refusalsSeen = m_refusals; });
+    connect(m_delegate, &QAbstractItemDelegate::closeEditor, this,
+            [this](QWidget *, QAbstractItemDelegate::EndEditHint hint) {
+                if (hint == QAbstractItemDelegate::RevertModelCache)
+                    m_refusalsSeen = m_refusals;
+            });
     if (!m_model->loadError().isEmpty())
         m_messages.inform(m_model->loadError(), this->tableSpec().caption, MessageIcon::Critical);
 }
@@ -170,9 +178,12 @@ bool TableEditor::isDirty() const
 
 bool TableEditor::finishEditing()
 {
-    const int before = m_refusals;
     m_delegate->finishEditing();
-    return m_refusals == before;
+    // A refusal since the last command stops this one, even when it came from the click on
+    // the command's own button taking the focus from the cell: the user reads it first.
+    const bool clean = m_refusals == m_refusalsSeen;
+    m_refusalsSeen = m_refusals;
+    return clean;
 }
 
 void TableEditor::showRefusal(int row, int column, const QString &typed, const QString &message)
@@ -199,10 +210,10 @@ void TableEditor::addRow()
 void TableEditor::deleteRows()
 {
     finishEditing();
-    QList<int> rows;
+    QSet<int> chosen;
     for (const QModelIndex &index : m_view->selectionModel()->selectedIndexes())
-        if (!rows.contains(index.row()))
-            rows << index.row();
+        chosen.insert(index.row());
+    QList<int> rows(chosen.begin(), chosen.end());
     if (rows.isEmpty() && m_view->currentIndex().isValid())
         rows << m_view->currentIndex().row();
     if (rows.isEmpty()) {
@@ -242,22 +253,34 @@ bool TableEditor::save()
     return true;
 }
 
-bool TableEditor::confirmClose()
+TableEditor::OnClose TableEditor::askOnClose()
 {
     if (!finishEditing())
-        return false;
-    if (!m_model->isDirty())
-        return true;
+        return OnClose::Stay;
+    if (!m_model->hasChangesToSave())
+        return OnClose::Nothing;
     switch (m_messages.askYesNoCancel(QStringLiteral("「%1」の変更が保存されていません。\n保存しますか？").arg(tableSpec().caption),
                                       tableSpec().caption, MessageIcon::Question)) {
     case Answer::Yes:
-        return save();
+        return OnClose::Save;
     case Answer::No:
-        m_model->reload();
-        return true;
+        return OnClose::Discard;
     default:
-        return false;
+        return OnClose::Stay;
     }
+}
+
+bool TableEditor::saveQuietly()
+{
+    if (!m_model->save().saved)
+        return false;
+    Q_EMIT saved();
+    return true;
+}
+
+void TableEditor::discard()
+{
+    m_model->reload();
 }
 
 bool TableEditor::refuseWhileDirty()
@@ -362,15 +385,45 @@ TableEditor *TableEditorWindow::editor(const QString &table) const
 
 void TableEditorWindow::closeEvent(QCloseEvent *event)
 {
+    // Every tab is asked first; nothing is saved or dropped until no answer was キャンセル.
+    QList<TableEditor *> toSave, toDiscard;
     for (TableEditor *e : m_editors) {
         if (e->isDirty())
             m_tabs->setCurrentWidget(e);
-        if (!e->confirmClose()) {
+        switch (e->askOnClose()) {
+        case TableEditor::OnClose::Stay:
             m_tabs->setCurrentWidget(e);
             event->ignore();
             return;
+        case TableEditor::OnClose::Save:
+            toSave << e;
+            break;
+        case TableEditor::OnClose::Discard:
+            toDiscard << e;
+            break;
+        case TableEditor::OnClose::Nothing:
+            break;
         }
     }
+    // A tab may refer to rows another one adds (a unit price to a new class), so what could
+    // not be saved is tried again after the others; what still fails is reported and stays.
+    for (int pass = 0; pass < 2 && !toSave.isEmpty(); ++pass) {
+        QList<TableEditor *> failed;
+        for (TableEditor *e : std::as_const(toSave))
+            if (!e->saveQuietly())
+                failed << e;
+        if (failed.size() == toSave.size())
+            break;
+        toSave = failed;
+    }
+    if (!toSave.isEmpty()) {
+        m_tabs->setCurrentWidget(toSave.first());
+        toSave.first()->save(); // says why and selects the cell
+        event->ignore();
+        return;
+    }
+    for (TableEditor *e : std::as_const(toDiscard))
+        e->discard();
     event->accept();
     // Ends exec() as rejected without going through reject(), which comes back here.
     QDialog::done(QDialog::Rejected);

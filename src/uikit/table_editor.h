@@ -57,8 +57,14 @@ public:
     bool isDirty() const;
     // Writes the held edits; a refusal is reported and its cell selected. True when saved.
     bool save();
-    // Asks whether to save unsaved edits; false when the editor should stay open.
-    bool confirmClose();
+    // Closing the window: what to do with the held edits, asked when there are any. Stay when
+    // the user chose キャンセル or a value typed last was refused.
+    enum class OnClose { Nothing, Save, Discard, Stay };
+    OnClose askOnClose();
+    // Saves without a message (the window retries and then reports through save()).
+    bool saveQuietly();
+    // Drops the held edits.
+    void discard();
     // Replaces the file dialog (tests choose files without one).
     void setFileChooser(CsvFileChooser chooser) { m_chooseFile = std::move(chooser); }
 
@@ -84,6 +90,7 @@ private:
     QComboBox *m_encoding = nullptr;
     CsvFileChooser m_chooseFile;
     int m_refusals = 0;
+    int m_refusalsSeen = 0; // refusals the last command or accepted edit already took into account
 };
 
 class TableEditorWindow : public QDialog

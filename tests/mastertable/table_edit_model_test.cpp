@@ -128,7 +128,10 @@ TEST_F(ModelTest, DeleteEditAndAddGoInOneTransaction)
     ASSERT_TRUE(type(parts, row, 1, QStringLiteral("壊れ部品")));
     const SaveOutcome failed = parts.save();
     EXPECT_FALSE(failed.saved);
-    EXPECT_TRUE(failed.message.contains(QStringLiteral("refused by trigger")));
+    // Told in Japanese, without SQLite's English text.
+    EXPECT_TRUE(failed.message.startsWith(QStringLiteral("データベースに書き込めませんでした。"))) << failed.message.toStdString();
+    EXPECT_TRUE(failed.message.endsWith(QStringLiteral("表は変更していません。")));
+    EXPECT_FALSE(failed.message.contains(QStringLiteral("refused")));
     EXPECT_EQ(scratch.dump(QStringLiteral("PaintDB")), before);
     ASSERT_TRUE(type(parts, row, 1, QStringLiteral("フェンダー")));
     ASSERT_TRUE(parts.save().saved);
@@ -197,3 +200,41 @@ INSTANTIATE_TEST_SUITE_P(
         SwapCase{"CREATE TABLE Keyed (No INTEGER PRIMARY KEY, Name TEXT)",
                  "INSERT INTO Keyed VALUES (1, '軽'), (2, '小型'), (3, '普通')", true,
                  "1|小型 2|軽 3|普通"}));
+
+// An optional text left empty goes in as '' (a text column is often NOT NULL), whether typed
+// into a new row or cleared in an old one.
+TEST(OptionalText, EmptyIsStoredAsAnEmptyText)
+{
+    test::ScratchDatabase scratch;
+    ASSERT_TRUE(scratch.run("CREATE TABLE Jobs (Part TEXT NOT NULL, Content TEXT NOT NULL DEFAULT '')"));
+    ASSERT_TRUE(scratch.run("INSERT INTO Jobs VALUES ('バンパー', '小')"));
+    const TableSpec spec{QStringLiteral("Jobs"), QStringLiteral("単価"),
+                         {ColumnSpec::text(QStringLiteral("Part"), QStringLiteral("作業部位")).mustHave(),
+                          ColumnSpec::text(QStringLiteral("Content"), QStringLiteral("作業内容"))},
+                         {}};
+    TableEditModel model{TableStore(scratch.database(), spec)};
+    ASSERT_TRUE(model.setData(model.index(0, 1), QString()));
+    const int row = model.appendRow();
+    ASSERT_TRUE(model.setData(model.index(row, 0), QStringLiteral("ルーフ")));
+    const SaveOutcome outcome = model.save();
+    ASSERT_TRUE(outcome.saved) << outcome.message.toStdString();
+    EXPECT_EQ(scratch.dump(QStringLiteral("Jobs")), (QStringList{"バンパー|", "ルーフ|"}));
+}
+
+// Rows chosen in any order, some twice, some neighbours: exactly those go.
+TEST_F(ModelTest, RemovingRowsInRunsDeletesExactlyTheChosenOnes)
+{
+    for (const char *name : {"フェンダー", "ドア", "ルーフ"}) {
+        const int row = parts.appendRow();
+        ASSERT_TRUE(type(parts, row, 0, QStringLiteral("A")));
+        ASSERT_TRUE(type(parts, row, 1, QString::fromUtf8(name)));
+    }
+    ASSERT_TRUE(parts.save().saved);
+    ASSERT_EQ(parts.rowCount(), 5); // ボンネット, トランク, フェンダー, ドア, ルーフ
+    parts.removeHeldRows({4, 0, 3, 3, 9, -1});
+    ASSERT_EQ(parts.rowCount(), 2);
+    EXPECT_EQ(parts.text(0, 1), QStringLiteral("トランク"));
+    EXPECT_EQ(parts.text(1, 1), QStringLiteral("フェンダー"));
+    ASSERT_TRUE(parts.save().saved);
+    EXPECT_EQ(scratch.dump(QStringLiteral("PaintDB")), (QStringList{"B|トランク|2", "A|フェンダー|"}));
+}

@@ -176,3 +176,83 @@ TEST_F(TableEditorTest, CsvWaitsForUnsavedEdits)
     EXPECT_FALSE(asked);
     EXPECT_EQ(messages.lastText(), QStringLiteral("保存していない変更があります。\n先に保存するか、元に戻してください。"));
 }
+
+// Every tab is asked before anything is dropped: No for the first and キャンセル for the second
+// keeps the window and both tabs' edits.
+TEST_F(TableEditorTest, CancelOnALaterTabKeepsTheEditsOfEveryTab)
+{
+    typeInto(tones, 0, 3, QStringLiteral("3"));
+    typeInto(parts, 1, 2, QStringLiteral("9"));
+    messages.answer(Answer::No);
+    messages.answer(Answer::Cancel);
+    window.close();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(messages.shown.size(), 2);
+    EXPECT_TRUE(tones->isDirty());
+    EXPECT_EQ(tones->model().text(0, 3), QStringLiteral("3.00"));
+    EXPECT_TRUE(parts->isDirty());
+    EXPECT_EQ(scratch.dump(QStringLiteral("2ToneDB")).first(), QStringLiteral("小型|ﾂｰﾄｰﾝ||1.5|2.25"));
+}
+
+// A value refused when the click on 保存 takes the focus from its cell stops that save: the
+// other held edits are not written behind the message.
+TEST_F(TableEditorTest, ARefusalOnTheWayToSaveStopsTheSave)
+{
+    typeInto(tones, 0, 3, QStringLiteral("3"));
+    const QModelIndex cell = tones->model().index(1, 4);
+    tones->view()->setCurrentIndex(cell);
+    tones->view()->edit(cell);
+    QLineEdit *line = openEditor(tones);
+    ASSERT_NE(line, nullptr);
+    line->selectAll();
+    line->insert(QStringLiteral("1.555"));
+    QTest::mouseClick(button(tones, "cmdSave"), Qt::LeftButton);
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents();
+    EXPECT_EQ(scratch.dump(QStringLiteral("2ToneDB")).first(), QStringLiteral("小型|ﾂｰﾄｰﾝ||1.5|2.25"));
+    EXPECT_TRUE(tones->isDirty());
+    EXPECT_TRUE(messages.lastText().startsWith(QStringLiteral("2行目「2枚」"))) << messages.lastText().toStdString();
+    // Given up with Esc, the next 保存 writes the edit that was accepted.
+    if (QLineEdit *again = openEditor(tones))
+        QTest::keyClick(again, Qt::Key_Escape);
+    button(tones, "cmdSave")->click();
+    EXPECT_EQ(scratch.dump(QStringLiteral("2ToneDB")).first(), QStringLiteral("小型|ﾂｰﾄｰﾝ||3|2.25"));
+}
+
+// A row added and left blank is not an edit to save: closing asks nothing.
+TEST_F(TableEditorTest, ABlankAddedRowIsNotAskedAbout)
+{
+    button(parts, "cmdAdd")->click();
+    if (QLineEdit *open = openEditor(parts))
+        QTest::keyClick(open, Qt::Key_Escape);
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(messages.shown.isEmpty());
+}
+
+// Closing with Yes saves a tab that refers to a row another tab adds, whatever their order.
+TEST(TableEditorWindow, SavesATabThatNeedsAnotherTabsNewRow)
+{
+    test::ScratchDatabase scratch;
+    test::ScriptedMessages messages;
+    ui::TableEditorWindow window{QStringLiteral("frmTest"), QStringLiteral("試験"), messages};
+    ui::TableEditor *parts = window.addTable(test::ScratchDatabase::partSpec(), scratch.database());
+    const mastertable::TableSpec categories{
+        QStringLiteral("TKubunDB"), QStringLiteral("区分"),
+        {mastertable::ColumnSpec::text(QStringLiteral("KCode"), QStringLiteral("区分")).mustHave(),
+         mastertable::ColumnSpec::text(QStringLiteral("Namae"), QStringLiteral("名前"))},
+        {0}};
+    ui::TableEditor *kinds = window.addTable(categories, scratch.database());
+    window.show();
+    QApplication::processEvents();
+    const int row = kinds->model().appendRow();
+    ASSERT_TRUE(test::typeIntoCell(kinds->view(), row, 0, QStringLiteral("C")));
+    ASSERT_TRUE(test::typeIntoCell(kinds->view(), row, 1, QStringLiteral("サイド")));
+    ASSERT_TRUE(test::typeIntoCell(parts->view(), 0, 0, QStringLiteral("C")));
+    messages.answer(Answer::Yes);
+    messages.answer(Answer::Yes);
+    window.close();
+    EXPECT_FALSE(window.isVisible()) << messages.lastText().toStdString();
+    EXPECT_EQ(scratch.dump(QStringLiteral("PaintDB")).first(), QStringLiteral("C|ボンネット|1"));
+    EXPECT_EQ(scratch.dump(QStringLiteral("TKubunDB")).last(), QStringLiteral("C|サイド"));
+}
