@@ -2,6 +2,9 @@
 
 #include "mastertable/table_checks.h"
 
+#include <QSet>
+#include <algorithm>
+
 namespace est::mastertable {
 
 namespace {
@@ -95,12 +98,18 @@ ImportReport importCsv(const TableStore &store, const QByteArray &bytes, CsvEnco
         }
         rows << values;
     }
-    QList<int> all;
-    for (int i = 0; i < rows.size(); ++i)
-        all << i;
     problems << duplicateKeys(tableSpec, rows, parsed.lines.mid(1));
-    if (problems.isEmpty())
-        problems << missingReferences(store, rows, all);
+    // References are looked up for the rows without another problem, so that one report
+    // names every refused row.
+    QSet<int> refused;
+    for (const Problem &p : std::as_const(problems))
+        refused.insert(p.row);
+    QList<int> checkable;
+    for (int i = 0; i < rows.size(); ++i)
+        if (!refused.contains(i))
+            checkable << i;
+    problems << missingReferences(store, rows, checkable);
+    std::stable_sort(problems.begin(), problems.end(), [](const Problem &a, const Problem &b) { return a.row < b.row; });
     if (!problems.isEmpty()) {
         for (const Problem &p : problems) {
             Problem atLine = p;

@@ -109,8 +109,11 @@ std::optional<Problem> TableEditModel::firstProblem(const QList<int> &kept, int 
                 problems << Problem{i, c, check.reason};
         }
     problems << duplicateKeys(tableSpec(), rows, numbers);
-    if (problems.isEmpty())
-        problems << missingReferences(m_store, rows, changed);
+    QList<int> checkable;
+    for (int i : changed)
+        if (std::none_of(problems.cbegin(), problems.cend(), [i](const Problem &p) { return p.row == i; }))
+            checkable << i;
+    problems << missingReferences(m_store, rows, checkable);
     *count = int(problems.size());
     if (problems.isEmpty())
         return std::nullopt;

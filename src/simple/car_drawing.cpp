@@ -2,6 +2,7 @@
 
 #include "simple/panels.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegion>
@@ -92,7 +93,10 @@ public:
     {
         setObjectName(QLatin1String(panel.pictureName));
         setToolTip(panel.caption);
+        setAccessibleName(panel.caption);
         setCursor(Qt::PointingHandCursor);
+        // Tab reaches each panel in turn; Space or Enter chooses it, as a click does.
+        setFocusPolicy(Qt::StrongFocus);
         const QPainterPath path = panelPath(panel.num);
         const QRect box = path.boundingRect().toAlignedRect();
         setGeometry(box);
@@ -117,6 +121,21 @@ protected:
     }
     void enterEvent(QEnterEvent *) override { m_drawing->setHovered(m_num, true); }
     void leaveEvent(QEvent *) override { m_drawing->setHovered(m_num, false); }
+    void focusInEvent(QFocusEvent *) override { m_drawing->setHovered(m_num, true); }
+    void focusOutEvent(QFocusEvent *) override { m_drawing->setHovered(m_num, false); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        switch (event->key()) {
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            event->accept();
+            Q_EMIT m_drawing->panelClicked(m_num);
+            return;
+        default:
+            QWidget::keyPressEvent(event);
+        }
+    }
     void mousePressEvent(QMouseEvent *event) override { event->accept(); }
     void mouseReleaseEvent(QMouseEvent *event) override
     {

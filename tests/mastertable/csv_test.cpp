@@ -188,8 +188,20 @@ INSTANTIATE_TEST_SUITE_P(
                         "軽自,ﾂｰﾄｰﾝ,,1\r\n",
                         {"2行目「1枚」：0以上の数値を小数2桁までで入力してください。",
                          "3行目「2枚」：0以上の数値を小数2桁までで入力してください。",
-                         "6行目：列の数（4）が見出し（5）と違います。",
-                         "5行目「車種」：「車種・トーン」の組み合わせが2行目と同じです。"}}));
+                         "5行目「車種」：「車種・トーン」の組み合わせが2行目と同じです。",
+                         "6行目：列の数（4）が見出し（5）と違います。"}}));
+
+// One report names every refused row: a missing reference too, next to a bad number.
+TEST_F(ImportTest, AMissingReferenceIsReportedWithTheOtherRefusals)
+{
+    const ImportReport report = importCsv(parts, bom("区分,部品名,数\nA,ドア,x\nQ,ルーフ,1\nZ,x,-1\n"), CsvEncoding::Auto);
+    EXPECT_FALSE(report.applied);
+    EXPECT_EQ(report.refusedRows,
+              (QStringList{QStringLiteral("2行目「数」：0以上の整数を入力してください。"),
+                           QStringLiteral("3行目「区分」：「Q」は TKubunDB にありません。先にそちらへ登録してください。"),
+                           QStringLiteral("4行目「数」：0以上の整数を入力してください。")}));
+    EXPECT_EQ(scratch.dump(QStringLiteral("PaintDB")).size(), 2);
+}
 
 TEST_F(ImportTest, ReferencesAreCheckedForEveryRow)
 {

@@ -87,3 +87,27 @@ TEST(CarDrawing, ThePanelUnderThePointerIsHighlightedAndTheChosenOneMarked)
     EXPECT_NE(chosen, before);
     EXPECT_NE(chosen, hovered);
 }
+
+// Without a mouse: Tab reaches the panels, the focused one is highlighted, Space or Enter
+// chooses it.
+TEST(CarDrawing, EveryPanelCanBeChosenFromTheKeyboard)
+{
+    CarDrawing drawing;
+    drawing.show();
+    QSignalSpy clicked(&drawing, &CarDrawing::panelClicked);
+    auto *roof = drawing.findChild<QWidget *>(QStringLiteral("imgRoof"));
+    ASSERT_TRUE(roof);
+    EXPECT_EQ(roof->focusPolicy(), Qt::StrongFocus);
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(roof, &in);
+    EXPECT_EQ(drawing.hovered(), 7);
+    QTest::keyClick(roof, Qt::Key_Space);
+    QTest::keyClick(roof, Qt::Key_Return);
+    QTest::keyClick(roof, Qt::Key_A); // any other key chooses nothing
+    ASSERT_EQ(clicked.size(), 2);
+    EXPECT_EQ(clicked.at(0).at(0).toInt(), 7);
+    int focusable = 0;
+    for (QWidget *panel : drawing.findChildren<QWidget *>())
+        focusable += panel->focusPolicy() == Qt::StrongFocus ? 1 : 0;
+    EXPECT_EQ(focusable, 11);
+}
