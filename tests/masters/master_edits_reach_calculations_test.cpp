@@ -86,25 +86,25 @@ TEST_P(MasterEditReachesCalculation, TheNewValueGivesTheNewAmount)
     test::TempAppFolder folder;
     EXPECT_EQ(c.compute(folder.path()), c.before);
 
-    mastertable::TableSpec spec;
+    mastertable::TableSpec layout;
     for (const mastertable::TableSpec &table : c.screen().tables)
         if (table.table == QLatin1String(c.table))
-            spec = table;
-    ASSERT_EQ(spec.table, QLatin1String(c.table));
+            layout = table;
+    ASSERT_EQ(layout.table, QLatin1String(c.table));
     // The editor keeps a connection of its own; the computations reopen theirs.
     QSqlDatabase editorConnection = QSqlDatabase::cloneDatabase(reopenedPartDb(folder.path()), QStringLiteral("editor"));
     ASSERT_TRUE(editorConnection.open());
-    auto model = std::make_unique<mastertable::TableEditModel>(mastertable::TableStore(editorConnection, spec));
+    auto model = std::make_unique<mastertable::TableEditModel>(mastertable::TableStore(editorConnection, layout));
     int row = -1;
     for (int r = 0; r < model->rowCount() && row < 0; ++r) {
         bool matches = true;
         for (auto it = c.rowKey.cbegin(); it != c.rowKey.cend(); ++it)
-            matches = matches && model->text(r, spec.columnOf(it.key())) == it.value();
+            matches = matches && model->text(r, layout.columnOf(it.key())) == it.value();
         if (matches)
             row = r;
     }
     ASSERT_GE(row, 0);
-    ASSERT_TRUE(model->setData(model->index(row, spec.columnOf(QString::fromUtf8(c.field))), QString::fromUtf8(c.newValue)));
+    ASSERT_TRUE(model->setData(model->index(row, layout.columnOf(QString::fromUtf8(c.field))), QString::fromUtf8(c.newValue)));
     EXPECT_EQ(c.compute(folder.path()), c.before);  // held until saved
     const mastertable::SaveOutcome outcome = model->save();
     EXPECT_TRUE(outcome.saved) << outcome.message.toStdString();

@@ -172,10 +172,10 @@ TEST_P(KeySwap, TwoRowsExchangeTheirKeysInOneSave)
     ASSERT_TRUE(scratch.run(c.fill));
     const ColumnSpec key = c.numberKey ? ColumnSpec::whole(QStringLiteral("No"), QStringLiteral("番号"))
                                        : ColumnSpec::text(QStringLiteral("No"), QStringLiteral("番号")).mustHave();
-    const TableSpec spec{QStringLiteral("Keyed"), QStringLiteral("区分"),
+    const TableSpec layout{QStringLiteral("Keyed"), QStringLiteral("区分"),
                          {key, ColumnSpec::text(QStringLiteral("Name"), QStringLiteral("名前"))},
                          {0}};
-    TableEditModel model{TableStore(scratch.database(), spec)};
+    TableEditModel model{TableStore(scratch.database(), layout)};
     ASSERT_EQ(model.rowCount(), 3);
     ASSERT_TRUE(model.setData(model.index(0, 0), QStringLiteral("9")));
     ASSERT_TRUE(model.setData(model.index(1, 0), QStringLiteral("1")));
@@ -185,7 +185,7 @@ TEST_P(KeySwap, TwoRowsExchangeTheirKeysInOneSave)
     EXPECT_EQ(scratch.dump(QStringLiteral("Keyed")).join(QLatin1Char(' ')), QString::fromUtf8(c.expected));
 
     // The third row taking a key that stays in use is refused before anything is written.
-    TableEditModel again{TableStore(scratch.database(), spec)};
+    TableEditModel again{TableStore(scratch.database(), layout)};
     ASSERT_TRUE(again.setData(again.index(2, 0), QStringLiteral("1")));
     EXPECT_FALSE(again.save().saved);
     EXPECT_EQ(scratch.dump(QStringLiteral("Keyed")).join(QLatin1Char(' ')), QString::fromUtf8(c.expected));
@@ -208,11 +208,11 @@ TEST(OptionalText, EmptyIsStoredAsAnEmptyText)
     test::ScratchDatabase scratch;
     ASSERT_TRUE(scratch.run("CREATE TABLE Jobs (Part TEXT NOT NULL, Content TEXT NOT NULL DEFAULT '')"));
     ASSERT_TRUE(scratch.run("INSERT INTO Jobs VALUES ('バンパー', '小')"));
-    const TableSpec spec{QStringLiteral("Jobs"), QStringLiteral("単価"),
+    const TableSpec layout{QStringLiteral("Jobs"), QStringLiteral("単価"),
                          {ColumnSpec::text(QStringLiteral("Part"), QStringLiteral("作業部位")).mustHave(),
                           ColumnSpec::text(QStringLiteral("Content"), QStringLiteral("作業内容"))},
                          {}};
-    TableEditModel model{TableStore(scratch.database(), spec)};
+    TableEditModel model{TableStore(scratch.database(), layout)};
     ASSERT_TRUE(model.setData(model.index(0, 1), QString()));
     const int row = model.appendRow();
     ASSERT_TRUE(model.setData(model.index(row, 0), QStringLiteral("ルーフ")));

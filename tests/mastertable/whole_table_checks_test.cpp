@@ -17,17 +17,17 @@ namespace {
 // The categories that parts refer to, kept while a part uses them; at most three categories.
 TableSpec categorySpec()
 {
-    TableSpec spec{QStringLiteral("TKubunDB"),
+    TableSpec layout{QStringLiteral("TKubunDB"),
                    QStringLiteral("区分"),
                    {ColumnSpec::text(QStringLiteral("KCode"), QStringLiteral("区分コード"))
                         .mustHave()
                         .usedIn(QStringLiteral("PaintDB"), QStringLiteral("KCode")),
                     ColumnSpec::text(QStringLiteral("Namae"), QStringLiteral("区分名"))},
                    {0}};
-    spec.wholeTableCheck = [](const QList<QStringList> &rows) {
+    layout.wholeTableCheck = [](const QList<QStringList> &rows) {
         return rows.size() > 3 ? QStringLiteral("区分は3つまでです。") : QString();
     };
-    return spec;
+    return layout;
 }
 
 struct ContentCase
