@@ -1,13 +1,15 @@
 // The estimate program: start-up and the event loop, or, with --pdf, a saved estimate
-// rendered to PDF without a window.
+// rendered to PDF without a window, or, with --invoice-xml, its electronic invoice.
 
 #include "app/app_controller.h"
 #include "app/application_setup.h"
 #include "db/app_folder.h"
+#include "einvoice/invoice_export.h"
 #include "print/pdf_command.h"
 #include "uikit/message_box_messages.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
@@ -24,6 +26,13 @@ int runPdf(int argc, char *argv[])
     return est::print::runPdfCommand(QGuiApplication::arguments(), est::db::applicationFolder(), errors);
 }
 
+int runInvoiceXml(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    QTextStream errors(stderr);
+    return est::einvoice::runInvoiceCommand(QCoreApplication::arguments(), est::db::applicationFolder(), errors);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -31,6 +40,9 @@ int main(int argc, char *argv[])
     for (int i = 1; i < argc; ++i)
         if (qstrcmp(argv[i], "--pdf") == 0)
             return runPdf(argc, argv);
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "--invoice-xml") == 0)
+            return runInvoiceXml(argc, argv);
 
     QApplication application(argc, argv);
     est::app::setUpApplication(application);

@@ -1,9 +1,11 @@
-// Printing: dlgPrint from the sheet's "印刷" (printer, preview, PDF of the saved estimate),
-// dlgOpenXls from the start dialog's cmdXls, frmPrinter from the settings hub.
+// Printing: dlgPrint from the sheet's "印刷" (printer, preview, PDF or electronic invoice of
+// the saved estimate), dlgOpenXls from the start dialog's cmdXls, frmPrinter from the
+// settings hub.
 
 #include "app/dlg_hajime.h"
 #include "app/frm_setting.h"
 #include "app/wiring.h"
+#include "einvoice/invoice_export.h"
 #include "print/dlg_open_xls.h"
 #include "print/dlg_print.h"
 #include "print/frm_printer.h"
@@ -21,10 +23,17 @@ namespace {
 void runPrintDialog(AppContext &context)
 {
     print::DlgPrint dialog(context.messages, context.sheet);
+    dialog.setInvoiceKind(print::isInvoiceKind(context.session.header.documentKind));
     if (dialog.exec() != QDialog::Accepted)
         return;
     print::PrintFlow flow(context.session, context.messages, context.appFolder,
                           [&context] { return context.store && context.store->save(); });
+    if (dialog.action() == print::DlgPrint::Action::EInvoice) {
+        if (const auto saved = flow.prepareSaved())
+            einvoice::saveInvoice(*saved, context.appFolder, einvoice::invoicePathFor(flow.workbookPath()),
+                                  context.messages);
+        return;
+    }
     const auto doc = flow.prepare();
     if (!doc)
         return;
@@ -40,6 +49,7 @@ void runPrintDialog(AppContext &context)
         actions.savePdf(*doc, dialog.options(), flow.pdfPath());
         break;
     case print::DlgPrint::Action::None:
+    case print::DlgPrint::Action::EInvoice:
         break;
     }
 }

@@ -79,6 +79,9 @@ DlgPrint::DlgPrint(Messages &messages, QWidget *parent) : ui::GuardedDialog(mess
     QPushButton *preview = named(buttons->addButton(QStringLiteral("プレビュー"), QDialogButtonBox::ActionRole),
                                  "cmdPreview");
     QPushButton *pdf = named(buttons->addButton(QStringLiteral("PDF保存"), QDialogButtonBox::ActionRole), "cmdPdf");
+    m_eInvoice = named(buttons->addButton(QStringLiteral("電子インボイス保存"), QDialogButtonBox::ActionRole),
+                       "cmdEInvoice");
+    m_eInvoice->setEnabled(false);
     QPushButton *cancel = named(buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole),
                                 "CancelButton");
     layout->addWidget(buttons);
@@ -86,6 +89,7 @@ DlgPrint::DlgPrint(Messages &messages, QWidget *parent) : ui::GuardedDialog(mess
     connect(ok, &QPushButton::clicked, this, [this] { finish(Action::Print); });
     connect(preview, &QPushButton::clicked, this, [this] { finish(Action::Preview); });
     connect(pdf, &QPushButton::clicked, this, [this] { finish(Action::Pdf); });
+    connect(m_eInvoice, &QPushButton::clicked, this, [this] { finish(Action::EInvoice); });
     connect(cancel, &QPushButton::clicked, this, &DlgPrint::cancelByButton);
 
     // Opens with both boxes ticked and the count for them.
@@ -94,6 +98,11 @@ DlgPrint::DlgPrint(Messages &messages, QWidget *parent) : ui::GuardedDialog(mess
     m_count->setText(QStringLiteral("印刷枚数は4枚です。"));
     connect(m_hikae, &QCheckBox::toggled, this, &DlgPrint::updateCount);
     connect(m_paint, &QCheckBox::toggled, this, &DlgPrint::updateCount);
+}
+
+void DlgPrint::setInvoiceKind(bool invoice)
+{
+    m_eInvoice->setEnabled(invoice);
 }
 
 PrintOptions DlgPrint::options() const

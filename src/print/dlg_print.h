@@ -1,13 +1,14 @@
 #pragma once
 // dlgPrint: what to print (shop copy, paint sheet, paint-index sheet), the announced number
-// of sheets, the layout (remembered in the settings store), and three ways to go on:
-// 印刷 (the printer), プレビュー and PDF保存.
+// of sheets, the layout (remembered in the settings store), and the ways to go on:
+// 印刷 (the printer), プレビュー, PDF保存 and, for the invoice kinds, 電子インボイス保存.
 
 #include "print/print_options.h"
 #include "uikit/guarded_dialog.h"
 
 class QCheckBox;
 class QLabel;
+class QPushButton;
 class QRadioButton;
 
 namespace est::print {
@@ -16,9 +17,12 @@ class DlgPrint : public ui::GuardedDialog
 {
     Q_OBJECT
 public:
-    enum class Action { None, Print, Preview, Pdf };
+    enum class Action { None, Print, Preview, Pdf, EInvoice };
 
     explicit DlgPrint(Messages &messages, QWidget *parent = nullptr);
+
+    // cmdEInvoice is enabled only for an estimate of an invoice kind.
+    void setInvoiceKind(bool invoice);
 
     PrintOptions options() const;
     Action action() const { return m_action; }
@@ -36,6 +40,7 @@ private:
     QLabel *m_count;
     QRadioButton *m_layoutA;
     QRadioButton *m_layoutB;
+    QPushButton *m_eInvoice;
     Action m_action = Action::None;
 };
 

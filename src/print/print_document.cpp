@@ -86,14 +86,14 @@ QList<AmountLine> totalsLines(const Session &s, const SheetFigures &f, const QSt
 }
 
 // Qualified invoices state the taxable total and its tax per rate, and the non-taxable
-// items apart. There is one rate per estimate: the shop's.
+// items apart.
 QList<AmountLine> taxBreakdown(const SheetFigures &f)
 {
-    const QString base = isBlank(f.afterDiscount) ? f.gokei : f.afterDiscount;
+    const TaxSummary t = taxSummary(f).value_or(TaxSummary{});
     QList<AmountLine> lines;
-    lines.append({QStringLiteral("%1対象（税抜）").arg(percent(f.taxRate)), figure(base)});
-    lines.append({QStringLiteral("%1対象 消費税").arg(percent(f.taxRate)), figure(f.tax)});
-    lines.append({QStringLiteral("非課税（対象外）"), figure(f.nonTaxable)});
+    lines.append({QStringLiteral("%1対象（税抜）").arg(percent(f.taxRate)), yen(t.taxable)});
+    lines.append({QStringLiteral("%1対象 消費税").arg(percent(f.taxRate)), yen(t.tax)});
+    lines.append({QStringLiteral("非課税（対象外）"), yen(t.nonTaxable)});
     return lines;
 }
 
@@ -169,16 +169,38 @@ bool isInvoiceKind(int kind)
     return kind == 3 || kind == 4 || kind == 6;
 }
 
-PrintDocument buildPrintDocument(const Session &saved, const QString &honorific, const ShopInfo &shop)
+SheetFigures printedFigures(const Session &saved, bool *overflowed)
 {
-    const EstimateHeader &h = saved.header;
-    // The figures as the sheet derives them when the estimate is opened.
     SheetFigures f = saved.figures;
     sheet::TotalsChain chain(f, saved.totals);
     chain.setTaxRate(f.taxRate);
     chain.setNonTaxable(saved.nonTaxable.sum != 0 ? formatThousands(saved.nonTaxable.sum) : f.nonTaxable);
     chain.sumsChanged();
     chain.setAdvance(f.advance);
+    if (overflowed)
+        *overflowed = chain.overflowed();
+    return f;
+}
+
+std::optional<TaxSummary> taxSummary(const SheetFigures &f)
+{
+    // An empty figure is no amount: 0, as the paper shows it.
+    const auto amount = [](const QString &text) -> std::optional<Yen> {
+        return isBlank(text) ? std::optional<Yen>(0) : parseDisplayedYen(text);
+    };
+    const auto rate = amount(f.taxRate);
+    const auto base = amount(isBlank(f.afterDiscount) ? f.gokei : f.afterDiscount);
+    const auto tax = amount(f.tax);
+    const auto nonTaxable = amount(f.nonTaxable);
+    if (!rate || !base || !tax || !nonTaxable)
+        return std::nullopt;
+    return TaxSummary{*rate, *base, *tax, *nonTaxable};
+}
+
+PrintDocument buildPrintDocument(const Session &saved, const QString &honorific, const ShopInfo &shop)
+{
+    const EstimateHeader &h = saved.header;
+    const SheetFigures f = printedFigures(saved);
 
     PrintDocument doc;
     const QStringList &kinds = sheet::documentKinds();

@@ -10,6 +10,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace est::print {
 
@@ -70,6 +71,24 @@ struct PrintDocument
 
 // The document kinds that are invoices: ご請求書, 請求書, 納品/請求書.
 bool isInvoiceKind(int kind);
+
+// The figures below the rows as printed: the totals chain run once, as the sheet runs it
+// when the estimate is opened. `overflowed` tells of an amount too large for whole yen.
+SheetFigures printedFigures(const Session &saved, bool *overflowed = nullptr);
+
+// What a qualified invoice states per rate, in whole yen. There is one rate per estimate
+// (the shop's); the tax is computed once on that rate's total, never summed from lines.
+struct TaxSummary
+{
+    int ratePercent = 0;
+    Yen taxable = 0;      // the total after discount (A + B when there is none)
+    Yen tax = 0;
+    Yen nonTaxable = 0;
+    bool operator==(const TaxSummary &) const = default;
+};
+
+// Read from printed figures; nothing when one of them is not a whole-yen amount.
+std::optional<TaxSummary> taxSummary(const SheetFigures &printed);
 
 // Builds the printed document from an estimate as read back from its workbook. The totals
 // chain runs once, as the sheet runs it when the estimate is opened, so the printed figures

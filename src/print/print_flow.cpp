@@ -58,12 +58,12 @@ bool PrintFlow::ensureSaved()
     return false;
 }
 
-std::optional<PrintDocument> PrintFlow::prepare()
+std::optional<SavedEstimate> PrintFlow::prepareSaved()
 {
     if (!ensureSaved())
         return std::nullopt;
     QString error;
-    const auto saved = loadSavedEstimate(workbookPath(), &error);
+    auto saved = loadSavedEstimate(workbookPath(), &error);
     if (!saved) {
         m_messages.inform(error + QStringLiteral("\n印刷を中止します。"), kPrintStopTitle, MessageIcon::Critical);
         return std::nullopt;
@@ -73,6 +73,14 @@ std::optional<PrintDocument> PrintFlow::prepare()
         return std::nullopt;
     }
     m_session.sheetState = SheetState::NameChosen;
+    return saved;
+}
+
+std::optional<PrintDocument> PrintFlow::prepare()
+{
+    const auto saved = prepareSaved();
+    if (!saved)
+        return std::nullopt;
     return buildPrintDocument(saved->session, saved->honorific, readShopInfo(m_appFolder));
 }
 

@@ -7,6 +7,7 @@
 #include "common/messages.h"
 #include "common/session.h"
 #include "print/print_document.h"
+#include "print/saved_estimate.h"
 
 #include <QString>
 #include <functional>
@@ -23,6 +24,8 @@ public:
     // The document to print, or nothing when the user cancelled or the workbook cannot be
     // printed (the user has been told why).
     std::optional<PrintDocument> prepare();
+    // The same steps up to the saved estimate itself, for what is made from it besides paper.
+    std::optional<SavedEstimate> prepareSaved();
 
     // The saved workbook of the open estimate, and the PDF beside it (Mitsumori/<name>.pdf).
     QString workbookPath() const;

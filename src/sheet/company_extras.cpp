@@ -67,6 +67,12 @@ CompanyExtras CompanyExtrasStore::read(int jNo) const
         r.numberOnEstimates = q.value(1).toInt() != 0;
         r.representative = q.value(2).toString();
     }
+    // A file that could not gain the address table (read only) simply has no address.
+    QSqlQuery peppol(m_db);
+    peppol.prepare(QStringLiteral("SELECT \"PeppolID\" FROM \"Jisya_Peppol\" WHERE \"JNo\" = ?"));
+    peppol.addBindValue(jNo);
+    if (peppol.exec() && peppol.next())
+        r.peppolId = peppol.value(0).toString();
     return r;
 }
 
@@ -83,6 +89,14 @@ bool CompanyExtrasStore::write(int jNo, const CompanyExtras &extras)
         m_error = q.lastError().text();
         return false;
     }
+    QSqlQuery peppol(m_db);
+    peppol.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Peppol\" (\"JNo\", \"PeppolID\") VALUES (?, ?)"));
+    peppol.addBindValue(jNo);
+    peppol.addBindValue(extras.peppolId);
+    if (!peppol.exec()) {
+        m_error = peppol.lastError().text();
+        return false;
+    }
     return true;
 }
 
@@ -91,6 +105,10 @@ bool CompanyExtrasStore::remove(int jNo)
     QSqlQuery q(m_db);
     q.prepare(QStringLiteral("DELETE FROM \"Jisya_Tuika\" WHERE \"JNo\" = ?"));
     q.addBindValue(jNo);
+    QSqlQuery peppol(m_db);
+    peppol.prepare(QStringLiteral("DELETE FROM \"Jisya_Peppol\" WHERE \"JNo\" = ?"));
+    peppol.addBindValue(jNo);
+    peppol.exec();
     if (!q.exec()) {
         m_error = q.lastError().text();
         return false;

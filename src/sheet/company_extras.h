@@ -1,8 +1,9 @@
 #pragma once
 // What the printed documents need of the shop beyond the fourteen company items: the
 // invoice registration number (登録番号, "T" and thirteen digits) and the representative's
-// name. They live in a table of their own beside the company records, keyed by record
-// number, so the company table and the fourteen-line company file keep their shape.
+// name, and the shop's electronic invoice address (Peppol ID). They live in tables of their
+// own beside the company records, keyed by record number, so the company table and the
+// fourteen-line company file keep their shape.
 
 #include <QSqlDatabase>
 #include <QString>
@@ -15,6 +16,7 @@ struct CompanyExtras
     QString registrationNumber;      // empty when the shop has none
     bool numberOnEstimates = false;  // print the number on estimates and delivery notes too
     QString representative;          // 代表者, printed under the company name
+    QString peppolId;                // electronic invoice address, empty when none
     bool operator==(const CompanyExtras &) const = default;
 };
 

@@ -3,6 +3,7 @@
 #include "db/database.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_mitumori.h"
+#include "common/peppol_id.h"
 #include "sheet/company_extras.h"
 #include "uikit/named.h"
 
@@ -32,6 +33,7 @@ struct FrmKaisya::Widgets
     QLineEdit *txtDaihyo = nullptr;          // representative
     QLineEdit *txtTouroku = nullptr;         // invoice registration number
     QCheckBox *chkTourokuMitumori = nullptr; // print it on estimates and delivery notes too
+    QLineEdit *txtPeppol = nullptr;          // electronic invoice address (optional)
     QPushButton *cmdNew = nullptr, *cmdEdit = nullptr, *cmdOK = nullptr, *cmdCancel = nullptr,
                 *cmdDel = nullptr, *cmdFirst = nullptr, *cmdPrev = nullptr, *cmdNext = nullptr,
                 *cmdLast = nullptr;
@@ -115,6 +117,10 @@ void FrmKaisya::buildUi()
     w.chkTourokuMitumori =
         named(new QCheckBox(QStringLiteral("見積書・納品書にも登録番号を印刷する"), w.fra1), "chkTourokuNo");
     form->addRow(QString(), w.chkTourokuMitumori);
+    w.txtPeppol = named(new QLineEdit(w.fra1), "txtPeppol");
+    w.txtPeppol->setPlaceholderText(QStringLiteral("任意（例：0188:1234567890123）"));
+    w.txtPeppol->setMaximumWidth(260);
+    form->addRow(QStringLiteral("Peppol ID"), w.txtPeppol);
     layout->addWidget(w.fra1);
 
     auto *navigation = new QHBoxLayout;
@@ -189,6 +195,7 @@ void FrmKaisya::showRecord()
     w.txtDaihyo->setText(extras.representative);
     w.txtTouroku->setText(extras.registrationNumber);
     w.chkTourokuMitumori->setChecked(extras.numberOnEstimates);
+    w.txtPeppol->setText(extras.peppolId);
 }
 
 CompanyRecord FrmKaisya::recordFromControls() const
@@ -274,6 +281,11 @@ void FrmKaisya::confirm()
         m_w->txtTouroku->setFocus();
         return;
     }
+    if (const auto problem = checkPeppolId(m_w->txtPeppol->text())) {
+        m_messages.inform(*problem, QStringLiteral("入力エラー"), MessageIcon::Exclamation);
+        m_w->txtPeppol->setFocus();
+        return;
+    }
     const bool stored = m_mode == Mode::Adding ? m_store->insert(record) : m_store->update(record);
     if (!stored) {
         m_messages.inform(QStringLiteral("自社情報を保存できませんでした。\n") + m_store->lastError(), title,
@@ -281,9 +293,10 @@ void FrmKaisya::confirm()
         return;
     }
     const CompanyExtras extras{normalizeRegistrationNumber(m_w->txtTouroku->text()),
-                               m_w->chkTourokuMitumori->isChecked(), m_w->txtDaihyo->text().trimmed()};
+                               m_w->chkTourokuMitumori->isChecked(), m_w->txtDaihyo->text().trimmed(),
+                               normalizePeppolId(m_w->txtPeppol->text())};
     if (m_extras && !m_extras->write(record.jNo, extras))
-        m_messages.inform(QStringLiteral("代表者・登録番号を保存できませんでした。\n") + m_extras->lastError(), title,
+        m_messages.inform(QStringLiteral("代表者・登録番号・Peppol IDを保存できませんでした。\n") + m_extras->lastError(), title,
                           MessageIcon::Critical);
     // Record, then the block in memory, the sheet and the file, so the file always matches
     // the record confirmed last.

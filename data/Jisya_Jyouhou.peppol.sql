@@ -1,0 +1,8 @@
+-- The shop's electronic address for electronic invoices (Peppol ID, "0188:1234567890123"),
+-- beside the company record of the same number. Empty to start with: without one,
+-- the invoices name the shop by its registration number. An existing file gains this table,
+-- empty, when the program opens it.
+CREATE TABLE "Jisya_Peppol" (
+    "JNo" INTEGER PRIMARY KEY,
+    "PeppolID" TEXT NOT NULL DEFAULT ''
+);

@@ -1,0 +1,9 @@
+-- Electronic invoice addresses of customers, by customer number: the Peppol ID
+-- ("0188:1234567890123") and the corporate number (法人番号, thirteen digits). Both optional.
+-- It starts empty, also in a new installation: its rows would otherwise land on the real
+-- customers of a file made by an earlier version, which gains this table when it is opened.
+CREATE TABLE "Kokyaku_Peppol" (
+    "KNo" TEXT NOT NULL PRIMARY KEY,
+    "PeppolID" TEXT NOT NULL DEFAULT '',
+    "HoujinNo" TEXT NOT NULL DEFAULT ''
+);
