@@ -1,6 +1,7 @@
 #include "customers/frm_kokyaku.h"
 
 #include "customers/dlg_touroku.h"
+#include "customers/electronic_address_box.h"
 #include "customers/hand_over.h"
 #include "customers/input_format.h"
 #include "customers/setting_lists.h"
@@ -31,6 +32,7 @@ struct FrmKokyaku::Widgets
     QWidget *customer[kCustomerFieldCount] = {};
     QWidget *vehicle[kVehicleFieldCount] = {};
     QCheckBox *chkKKubun = nullptr;
+    ElectronicAddressBox *addresses = nullptr;   // Peppol ID and corporate number
     QComboBox *cboMeka = nullptr, *cboIroSyurui = nullptr, *cboKoukinou = nullptr;
     QPushButton *cmdKensaku = nullptr, *cmdNew = nullptr, *cmdSNew = nullptr, *cmdEditJ = nullptr,
                 *cmdOkJ = nullptr, *cmdCancelJ = nullptr, *cmdEditS = nullptr, *cmdOkS = nullptr,
@@ -165,8 +167,10 @@ void FrmKokyaku::buildUi()
     m_w->cmdCancelJ = named(new QPushButton(QStringLiteral("取消"), customerBox), QStringLiteral("cmdCancelJ"));
     for (QPushButton *b : {m_w->cmdEditJ, m_w->cmdOkJ, m_w->cmdCancelJ})
         cButtons->addWidget(b);
-    cGrid->addLayout(cButtons, kCustomerFieldCount, 0, 1, 2);
-    cGrid->setRowStretch(kCustomerFieldCount + 1, 1);
+    m_w->addresses = new ElectronicAddressBox(customerBox);
+    cGrid->addWidget(m_w->addresses, kCustomerFieldCount, 0, 1, 2);
+    cGrid->addLayout(cButtons, kCustomerFieldCount + 1, 0, 1, 2);
+    cGrid->setRowStretch(kCustomerFieldCount + 2, 1);
     blocks->addWidget(customerBox, 2);
 
     // Vehicle block: the customer's vehicles, then the chosen one's fields.
@@ -318,6 +322,7 @@ void FrmKokyaku::showCustomer(const Customer &customer)
 {
     for (int i = 0; i < kCustomerFieldCount; ++i)
         setTextOf(m_w->customer[i], customer.values[i]);
+    m_w->addresses->load(m_browser.store().database(), customer[CustomerField::KNo]);
 }
 
 void FrmKokyaku::showVehicle(const Vehicle &vehicle)
@@ -349,6 +354,7 @@ void FrmKokyaku::updateControls()
 
     for (int i = 0; i < kCustomerFieldCount; ++i)
         setEditable(m_w->customer[i], customerOpen && i != static_cast<int>(CustomerField::KNo));
+    m_w->addresses->setEditable(customerOpen);
     for (int i = 0; i < kVehicleFieldCount; ++i)
         setEditable(m_w->vehicle[i], vehicleOpen && i != static_cast<int>(VehicleField::SNo)
                                          && i != static_cast<int>(VehicleField::KNo));
@@ -442,6 +448,7 @@ void FrmKokyaku::newCustomer()
         return;
     }
     showCustomer(m_browser.draftCustomer());
+    m_w->addresses->load({}, QString());   // a reused number brings nothing of the customer it had
     showVehicle(m_browser.draftVehicle());
     {
         const QSignalBlocker blocker(m_w->DG1);
@@ -466,10 +473,19 @@ void FrmKokyaku::newVehicle()
 void FrmKokyaku::saveBlock()
 {
     const bool namesChange = m_browser.customerBlockOpen();
+    if (const auto problem = namesChange ? m_w->addresses->problem() : std::nullopt) {
+        m_messages.inform(*problem, QStringLiteral("入力エラー"), MessageIcon::Exclamation);
+        return;
+    }
     if (!m_browser.save(customerFromBlock(), vehicleFromBlock())) {
         reportError();
         return;
     }
+    const QString kno = m_browser.customer()[CustomerField::KNo];
+    if (const QString error = namesChange ? m_w->addresses->store(m_browser.store().database(), kno) : QString();
+        !error.isEmpty())
+        m_messages.inform(QStringLiteral("Peppol ID・法人番号を保存できませんでした。\n") + error,
+                          QStringLiteral("顧客情報"), MessageIcon::Critical);
     if (namesChange)
         loadNames();
     showState();
@@ -516,8 +532,10 @@ void FrmKokyaku::deleteCustomer()
                             QStringLiteral("削除します"), MessageIcon::Exclamation)
         != Answer::Yes)
         return;
+    const QString kno = m_browser.customer()[CustomerField::KNo];
     switch (m_browser.deleteCustomer()) {
     case DeleteOutcome::Deleted:
+        ElectronicAddressStore(m_browser.store().database()).remove(kno);
         loadNames();
         showState();
         break;
