@@ -40,12 +40,14 @@ Session handInvoice(int kind, std::function<void(Session &)> change = {})
     return s;
 }
 
-// The figures of the printed invoice's totals blocks, by caption.
+// The figures of the printed invoice's totals blocks, by caption; deductions (値引き,
+// 前受金額) are printed with a "-" before the amount, which is given without it.
 int printed(const print::PrintDocument &doc, const QString &caption)
 {
+    const bool deduction = caption == QStringLiteral("値引き") || caption == QStringLiteral("前受金額");
     for (const print::AmountLine &l : doc.totals + doc.taxBreakdown)
-        if (l.caption == caption || (caption == QStringLiteral("値引き") && l.caption.startsWith(caption)))
-            return parseDisplayedYen(l.amount).value_or(-999999999);
+        if (deduction ? l.caption.startsWith(caption) : l.caption == caption)
+            return parseDisplayedYen(deduction ? l.amount.mid(1) : l.amount).value_or(-999999999);
     return 0;
 }
 
@@ -93,9 +95,10 @@ TEST_P(InvoiceFigures, EqualThePrintedInvoiceAndKeepTheRules)
     EXPECT_EQ(standard.value(QStringLiteral("tax")).toInt(), printed(doc, rate + QStringLiteral("%対象 消費税")));
     EXPECT_EQ(f.value(QStringLiteral("TaxAmount")).toInt(), printed(doc, QStringLiteral("消費税（%1%）").arg(rate)));
     EXPECT_EQ(outOfScope, printed(doc, QStringLiteral("非課税（対象外）")));
-    EXPECT_EQ(f.value(QStringLiteral("AllowanceTotalAmount")).toInt(), -printed(doc, QStringLiteral("値引き")));
+    EXPECT_EQ(f.value(QStringLiteral("AllowanceTotalAmount")).toInt() - f.value(QStringLiteral("ChargeTotalAmount")).toInt(),
+              printed(doc, QStringLiteral("値引き")));
     EXPECT_EQ(f.value(QStringLiteral("TaxInclusiveAmount")).toInt(), printed(doc, QStringLiteral("総合計金額")));
-    EXPECT_EQ(f.value(QStringLiteral("PrepaidAmount")).toInt(), -printed(doc, QStringLiteral("前受金額")));
+    EXPECT_EQ(f.value(QStringLiteral("PrepaidAmount")).toInt(), printed(doc, QStringLiteral("前受金額")));
     EXPECT_EQ(f.value(QStringLiteral("PayableAmount")).toInt(), printed(doc, QStringLiteral("御請求金額")));
 
     const Figures &e = c.expected;
@@ -143,6 +146,45 @@ INSTANTIATE_TEST_SUITE_P(
                        });
                    },
                    {219356, 11, 219345, 10, 202345, 20234, 17000, 239579, 30000, 209579}},
+        // Every item of the sample master list, one of them at 0 (no line): 54,050 in all.
+        FigureCase{"EveryNonTaxableItem",
+                   [] {
+                       return handInvoice(4, [](Session &s) {
+                           s.nonTaxable.names = {"自賠責保険料", "重量税", "印紙代", "代行手数料", "リサイクル預託金",
+                                                 "車庫証明手数料", "印紙代"};
+                           s.nonTaxable.amounts = {17650, 16400, 1800, 5500, 10000, 2700, 0};
+                           s.nonTaxable.count = 7;
+                           s.nonTaxable.sum = 54050;
+                           s.figures.nonTaxable = QStringLiteral("54,050");
+                       });
+                   },
+                   {256406, 10118, 246288, 10, 192238, 19224, 54050, 265512, 30000, 235512}},
+        // Parts of 2 x 22,678, and a row of -1,000 (quantity -1 at 1,000): A = 122,456;
+        // 201,356 - 10,068 (5 % of 201,356 = 10,067.8) = 191,288; tax 19,128.8 -> 19,129.
+        FigureCase{"CreditRowAndQuantities",
+                   [] {
+                       return handInvoice(4, [](Session &s) {
+                           s.rows[1][ColUnitPrice] = QStringLiteral("22,678");
+                           s.rows[1][ColQuantity] = QStringLiteral("2");
+                           EstimateRow credit;
+                           credit[ColNo] = QStringLiteral("4");
+                           credit[ColPart] = QStringLiteral("持込部品の取付値引き");
+                           credit[ColLabour] = QStringLiteral("-1,000");
+                           s.rows.append(credit);
+                           s.totals.labour -= 1000;
+                           s.totals.workTotalA -= 1000;
+                       });
+                   },
+                   {218356, 10068, 208288, 10, 191288, 19129, 17000, 227417, 30000, 197417}},
+        // A discount of -500 typed by hand is a charge: 202,856 x 10 % = 20,285.6 -> 20,286.
+        FigureCase{"NegativeDiscountIsACharge",
+                   [] {
+                       return handInvoice(4, [](Session &s) {
+                           s.figures.discountRate.clear();
+                           s.figures.discountAmount = QStringLiteral("-500");
+                       });
+                   },
+                   {219356, 0, 219856, 10, 202856, 20286, 17000, 240142, 30000, 210142}},
         FigureCase{"FullEstimate",
                    [] {
                        Session s = test::fullPrintEstimate();
