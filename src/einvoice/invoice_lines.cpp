@@ -22,7 +22,7 @@ QString joined(const QStringList &parts)
 
 // A line of `amount` at quantity × price; the price is never negative, so a negative amount
 // turns the quantity round.
-Line line(QString name, Yen amount, qint64 quantity, Yen price, const QString &unit)
+Line line(QString name, Yen amount, qint64 quantity, qint64 price, const QString &unit)
 {
     Line l;
     l.name = std::move(name);
@@ -35,7 +35,7 @@ Line line(QString name, Yen amount, qint64 quantity, Yen price, const QString &u
 
 Line lumpSum(QString name, Yen amount)
 {
-    return line(std::move(name), amount, amount < 0 ? -1 : 1, amount < 0 ? -amount : amount, kLumpSum);
+    return line(std::move(name), amount, 1, amount, kLumpSum);
 }
 
 class Reader
@@ -66,9 +66,9 @@ Line partsLine(const EstimateRow &row, const QString &name, Yen amount)
     bool quantityOk = false;
     const qint64 quantity = asciiNumberText(row[ColQuantity]).toLongLong(&quantityOk);
     const auto price = parseDisplayedYen(row[ColUnitPrice]);
-    Line l = quantityOk && quantity > 0 && price && qint64(*price) * quantity == amount
+    Line l = quantityOk && quantity > 0 && quantity <= 1000000 && price && qint64(*price) * quantity == amount
                  ? line(name, amount, quantity, *price, kPiece)
-                 : line(name, amount, amount < 0 ? -1 : 1, amount < 0 ? -amount : amount, kPiece);
+                 : line(name, amount, 1, amount, kPiece);
     l.sellersItemId = row[ColPartNumber].trimmed();
     return l;
 }

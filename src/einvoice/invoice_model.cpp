@@ -223,7 +223,7 @@ BuildResult buildInvoice(const Session &s, const QString &fileName, const print:
         a.charge = *discount < 0;
         a.reasonCode = a.charge ? QString() : QStringLiteral("95");
         a.reason = a.charge ? QStringLiteral("値引きの調整") : QStringLiteral("値引き");
-        a.amount = a.charge ? -*discount : *discount;
+        a.amount = a.charge ? -qint64(*discount) : qint64(*discount);
         inv.allowance = a;
         (a.charge ? inv.chargeTotal : inv.allowanceTotal) = a.amount;
     }

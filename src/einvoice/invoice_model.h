@@ -57,7 +57,7 @@ struct Line
     QString sellersItemId;    // the part number
     qint64 quantity = 1;
     QString unitCode;         // H87 (piece) or LS (lump sum)
-    Yen price = 0;            // never negative: a negative amount has a negative quantity
+    qint64 price = 0;         // never negative: a negative amount has a negative quantity
     Yen amount = 0;
     TaxCategory category = TaxCategory::Standard;
 };
@@ -68,7 +68,7 @@ struct DocumentAllowance
     bool charge = false;
     QString reasonCode;       // 95 (discount) for an allowance
     QString reason;
-    Yen amount = 0;
+    qint64 amount = 0;        // never negative
 };
 
 struct TaxSubtotal
@@ -101,8 +101,8 @@ struct Invoice
     QList<TaxSubtotal> subtotals;
     Yen taxTotal = 0;
     Yen lineTotal = 0;        // Σ line amounts
-    Yen allowanceTotal = 0;
-    Yen chargeTotal = 0;
+    qint64 allowanceTotal = 0;
+    qint64 chargeTotal = 0;
     Yen taxExclusive = 0;
     Yen taxInclusive = 0;
     Yen prepaid = 0;

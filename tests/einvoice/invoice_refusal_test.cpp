@@ -2,6 +2,7 @@
 // is replaced, and the command line.
 
 #include "einvoice/invoice_export.h"
+#include "einvoice/invoice_model.h"
 #include "invoice_check.h"
 #include "print/saved_estimate.h"
 #include "print_samples.h"
@@ -91,6 +92,44 @@ INSTANTIATE_TEST_SUITE_P(
                         s.totals.paintTotalB = 2000000000;
                     },
                     "大きすぎる"}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+// Amounts at the ends of whole yen never wrap round: they are refused, or carried exactly.
+struct ExtremeCase
+{
+    const char *name;
+    std::function<void(Session &)> change;
+    bool made;
+};
+
+class ExtremeAmounts : public ::testing::TestWithParam<ExtremeCase> {};
+
+TEST_P(ExtremeAmounts, AreRefusedOrCarriedExactly)
+{
+    Session s = test::handEstimate(4);
+    GetParam().change(s);
+    const BuildResult r = buildInvoice(s, QStringLiteral("240105INV.xlsx"), test::sampleShop(), {});
+    EXPECT_EQ(r.invoice.has_value(), GetParam().made) << r.refusal.toStdString();
+    EXPECT_EQ(r.refusal.isEmpty(), GetParam().made);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ExtremeAmounts,
+    ::testing::Values(
+        ExtremeCase{"LowestLabour", [](Session &s) { s.rows[0][ColLabour] = QStringLiteral("-2,147,483,648"); }, false},
+        ExtremeCase{"LowestDiscount",
+                    [](Session &s) {
+                        s.figures.discountRate.clear();
+                        s.figures.discountAmount = QStringLiteral("-2,147,483,648");
+                    },
+                    false},
+        ExtremeCase{"HugeQuantity",
+                    [](Session &s) {
+                        s.rows[0][ColQuantity] = QStringLiteral("9223372036854775807");
+                        s.rows[0][ColUnitPrice] = QStringLiteral("2,147,483,647");
+                    },
+                    true},
+        ExtremeCase{"LowestAdvance", [](Session &s) { s.figures.advance = QStringLiteral("-2,147,483,648"); }, false}),
     [](const auto &info) { return std::string(info.param.name); });
 
 class Replacing : public ::testing::Test
