@@ -2,24 +2,25 @@
 
 #include "common/peppol_id.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
 
 namespace est::customers {
 
-ElectronicAddressBox::ElectronicAddressBox(QWidget *parent) : QWidget(parent)
+ElectronicAddressBox::ElectronicAddressBox(QWidget *block, QGridLayout *grid, int row) : QObject(block)
 {
-    auto *form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
-    m_peppol = new QLineEdit(this);
+    m_peppol = new QLineEdit(block);
     m_peppol->setObjectName(QStringLiteral("txtPeppol"));
     m_peppol->setPlaceholderText(QStringLiteral("任意（例：0188:1234567890123）"));
-    m_corporate = new QLineEdit(this);
+    m_corporate = new QLineEdit(block);
     m_corporate->setObjectName(QStringLiteral("txtHoujinNo"));
     m_corporate->setPlaceholderText(QStringLiteral("任意（13桁）"));
-    form->addRow(QStringLiteral("Peppol ID"), m_peppol);
-    form->addRow(QStringLiteral("法人番号"), m_corporate);
+    grid->addWidget(new QLabel(QStringLiteral("Peppol ID"), block), row, 0);
+    grid->addWidget(m_peppol, row, 1);
+    grid->addWidget(new QLabel(QStringLiteral("法人番号"), block), row + 1, 0);
+    grid->addWidget(m_corporate, row + 1, 1);
 }
 
 void ElectronicAddressBox::load(const QSqlDatabase &database, const QString &kno)

@@ -4,19 +4,22 @@
 
 #include "customers/electronic_address.h"
 
+#include <QObject>
 #include <QSqlDatabase>
-#include <QWidget>
 #include <optional>
 
+class QGridLayout;
 class QLineEdit;
+class QWidget;
 
 namespace est::customers {
 
-class ElectronicAddressBox : public QWidget
+class ElectronicAddressBox : public QObject
 {
     Q_OBJECT
 public:
-    explicit ElectronicAddressBox(QWidget *parent = nullptr);
+    // Two captioned rows of `grid` from `row` on, in the columns of the block's other fields.
+    ElectronicAddressBox(QWidget *block, QGridLayout *grid, int row);
 
     // Shows what is stored for the customer (nothing for an empty number).
     void load(const QSqlDatabase &database, const QString &kno);

@@ -167,10 +167,9 @@ void FrmKokyaku::buildUi()
     m_w->cmdCancelJ = named(new QPushButton(QStringLiteral("取消"), customerBox), QStringLiteral("cmdCancelJ"));
     for (QPushButton *b : {m_w->cmdEditJ, m_w->cmdOkJ, m_w->cmdCancelJ})
         cButtons->addWidget(b);
-    m_w->addresses = new ElectronicAddressBox(customerBox);
-    cGrid->addWidget(m_w->addresses, kCustomerFieldCount, 0, 1, 2);
-    cGrid->addLayout(cButtons, kCustomerFieldCount + 1, 0, 1, 2);
-    cGrid->setRowStretch(kCustomerFieldCount + 2, 1);
+    m_w->addresses = new ElectronicAddressBox(customerBox, cGrid, kCustomerFieldCount);
+    cGrid->addLayout(cButtons, kCustomerFieldCount + 2, 0, 1, 2);
+    cGrid->setRowStretch(kCustomerFieldCount + 3, 1);
     blocks->addWidget(customerBox, 2);
 
     // Vehicle block: the customer's vehicles, then the chosen one's fields.
