@@ -1,4 +1,4 @@
--- The shop's electronic address for electronic invoices (Peppol ID, "0188:1234567890123"),
+-- The shop's electronic address for electronic invoices (Peppol ID, "0188:7000012050002"),
 -- beside the company record of the same number. Empty to start with: without one,
 -- the invoices name the shop by its registration number. An existing file gains this table,
 -- empty, when the program opens it.

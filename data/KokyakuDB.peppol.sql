@@ -1,5 +1,5 @@
 -- Electronic invoice addresses of customers, by customer number: the Peppol ID
--- ("0188:1234567890123") and the corporate number (法人番号, thirteen digits). Both optional.
+-- ("0188:7000012050002") and the corporate number (法人番号, thirteen digits). Both optional.
 -- It starts empty, also in a new installation: its rows would otherwise land on the real
 -- customers of a file made by an earlier version, which gains this table when it is opened.
 CREATE TABLE "Kokyaku_Peppol" (

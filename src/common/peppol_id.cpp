@@ -58,6 +58,13 @@ std::optional<PeppolId> parsePeppolId(const QString &text)
                                    [](QChar c) { return c.unicode() > 0x20 && c.unicode() < 0x7F; });
     if (!isElectronicAddressScheme(id.scheme) || id.value.isEmpty() || !plain || id.value.size() > 128)
         return std::nullopt;
+    // The two Japanese schemes have a fixed form: the corporate number, and the registration
+    // number of a qualified invoice issuer ("T" and thirteen digits).
+    if (id.scheme == QLatin1String("0188") && !isCorporateNumber(id.value))
+        return std::nullopt;
+    if (id.scheme == QLatin1String("0221")
+        && (id.value.size() != 14 || id.value.at(0) != QLatin1Char('T') || !allDigits(id.value.mid(1))))
+        return std::nullopt;
     return id;
 }
 
@@ -67,7 +74,7 @@ std::optional<QString> checkPeppolId(const QString &text)
     if (id.isEmpty() || parsePeppolId(id))
         return std::nullopt;
     return QStringLiteral("Peppol IDは「スキーム番号:ID」の形で入力してください。\n"
-                          "（例：0188:1234567890123、0221:T1234567890123）");
+                          "（例：0188:法人番号13桁、0221:T＋13桁の登録番号）");
 }
 
 QString normalizeCorporateNumber(const QString &text)

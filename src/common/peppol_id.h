@@ -1,5 +1,5 @@
 #pragma once
-// Identifiers of the electronic invoice network: a Peppol ID ("0188:1234567890123", the
+// Identifiers of the electronic invoice network: a Peppol ID ("0188:7000012050002", the
 // scheme of the electronic address, a colon and the address) and the corporate number
 // (法人番号, thirteen digits whose first is a check digit).
 
@@ -18,7 +18,7 @@ struct PeppolId
 // half-width. Letters keep their case (an address may hold letters).
 QString normalizePeppolId(const QString &text);
 // The scheme and address of a tidied text, nothing when it is not "<scheme>:<address>"
-// with a scheme of the list.
+// with a scheme of the list (0188 with a corporate number, 0221 with "T" and 13 digits).
 std::optional<PeppolId> parsePeppolId(const QString &text);
 // Why a typed Peppol ID is refused, nothing when it can be stored (empty is allowed).
 std::optional<QString> checkPeppolId(const QString &text);

@@ -10,7 +10,7 @@ namespace est::customers {
 
 struct ElectronicAddress
 {
-    QString peppolId;          // "0188:1234567890123", empty when unknown
+    QString peppolId;          // "0188:<corporate number>", empty when unknown
     QString corporateNumber;   // 法人番号, thirteen digits, empty when unknown
     bool isEmpty() const { return peppolId.isEmpty() && corporateNumber.isEmpty(); }
     bool operator==(const ElectronicAddress &) const = default;

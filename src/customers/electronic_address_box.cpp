@@ -13,7 +13,7 @@ ElectronicAddressBox::ElectronicAddressBox(QWidget *block, QGridLayout *grid, in
 {
     m_peppol = new QLineEdit(block);
     m_peppol->setObjectName(QStringLiteral("txtPeppol"));
-    m_peppol->setPlaceholderText(QStringLiteral("任意（例：0188:1234567890123）"));
+    m_peppol->setPlaceholderText(QStringLiteral("任意（0188:法人番号 または 0221:登録番号）"));
     m_corporate = new QLineEdit(block);
     m_corporate->setObjectName(QStringLiteral("txtHoujinNo"));
     m_corporate->setPlaceholderText(QStringLiteral("任意（13桁）"));

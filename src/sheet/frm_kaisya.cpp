@@ -118,7 +118,7 @@ void FrmKaisya::buildUi()
         named(new QCheckBox(QStringLiteral("見積書・納品書にも登録番号を印刷する"), w.fra1), "chkTourokuNo");
     form->addRow(QString(), w.chkTourokuMitumori);
     w.txtPeppol = named(new QLineEdit(w.fra1), "txtPeppol");
-    w.txtPeppol->setPlaceholderText(QStringLiteral("任意（例：0188:1234567890123）"));
+    w.txtPeppol->setPlaceholderText(QStringLiteral("任意（0188:法人番号 または 0221:登録番号）"));
     w.txtPeppol->setMaximumWidth(260);
     form->addRow(QStringLiteral("Peppol ID"), w.txtPeppol);
     layout->addWidget(w.fra1);

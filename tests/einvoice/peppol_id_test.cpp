@@ -28,12 +28,13 @@ TEST_P(PeppolIds, SchemeFromTheListColonAndAnAddress)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, PeppolIds,
-                         ::testing::Values(IdCase{"", true}, IdCase{"0188:1234567890123", true},
+                         ::testing::Values(IdCase{"", true}, IdCase{"0188:7000012050002", true},
                                            IdCase{"0221:T1234567890123", true},
-                                           IdCase{"０１８８：１２３４５６７８９０１２３", true},
-                                           IdCase{" 0188 : 1234567890123 ", true}, IdCase{"1234567890123", false},
-                                           IdCase{"9999:1234567890123", false}, IdCase{"0188:", false},
-                                           IdCase{"0188:番号", false}));
+                                           IdCase{"０１８８：７００００１２０５０００２", true},
+                                           IdCase{" 0188 : 7000012050002 ", true}, IdCase{"7000012050002", false},
+                                           IdCase{"9999:7000012050002", false}, IdCase{"0188:", false},
+                                           IdCase{"0188:番号", false}, IdCase{"0188:1234567890124", false},
+                                           IdCase{"0221:1234567890123", false}, IdCase{"0088:4912345678904", true}));
 
 class CorporateNumbers : public ::testing::TestWithParam<IdCase> {};
 
