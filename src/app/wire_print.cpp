@@ -29,7 +29,7 @@ void runPrintDialog(AppContext &context)
     print::PrintFlow flow(context.session, context.messages, context.appFolder,
                           [&context] { return context.store && context.store->save(); });
     if (dialog.action() == print::DlgPrint::Action::EInvoice) {
-        if (const auto saved = flow.prepareSaved())
+        if (const auto saved = flow.prepareSaved(einvoice::kEInvoiceTitle, QStringLiteral("電子インボイスに")))
             einvoice::saveInvoice(*saved, context.appFolder, einvoice::invoicePathFor(flow.workbookPath()),
                                   context.messages);
         return;

@@ -31,22 +31,23 @@ QString PrintFlow::pdfPath() const
     return info.dir().filePath(info.completeBaseName() + QStringLiteral(".pdf"));
 }
 
-bool PrintFlow::ensureSaved()
+bool PrintFlow::ensureSaved(const QString &title, const QString &action)
 {
     switch (compareWithWorkbook(m_session, workbookPath())) {
     case SavedState::Same:
         return true;
     case SavedState::NotSaved:
-        if (m_messages.askYesNo(QStringLiteral("この見積書はまだ保存されていません。\n保存してから印刷しますか？"),
-                                kPrintTitle, MessageIcon::Question)
+        if (m_messages.askYesNo(QStringLiteral("この見積書はまだ保存されていません。\n保存してから%1しますか？").arg(action),
+                                title, MessageIcon::Question)
             != Answer::Yes)
             return false;
         return m_save && m_save();
     case SavedState::Changed:
         switch (m_messages.askYesNoCancel(QStringLiteral("保存されていない変更があります。\n"
-                                                         "保存してから印刷しますか？\n"
-                                                         "（「いいえ」は前回保存した内容を印刷します）"),
-                                          kPrintTitle, MessageIcon::Question)) {
+                                                         "保存してから%1しますか？\n"
+                                                         "（「いいえ」は前回保存した内容を%1します）")
+                                              .arg(action),
+                                          title, MessageIcon::Question)) {
         case Answer::Yes:
             return m_save && m_save();
         case Answer::No:
@@ -58,9 +59,9 @@ bool PrintFlow::ensureSaved()
     return false;
 }
 
-std::optional<SavedEstimate> PrintFlow::prepareSaved()
+std::optional<SavedEstimate> PrintFlow::prepareSaved(const QString &title, const QString &action)
 {
-    if (!ensureSaved())
+    if (!ensureSaved(title, action))
         return std::nullopt;
     QString error;
     auto saved = loadSavedEstimate(workbookPath(), &error);

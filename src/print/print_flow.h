@@ -25,14 +25,16 @@ public:
     // printed (the user has been told why).
     std::optional<PrintDocument> prepare();
     // The same steps up to the saved estimate itself, for what is made from it besides paper.
-    std::optional<SavedEstimate> prepareSaved();
+    // `title` and `action` word the save questions ("保存してから" + action + "しますか？").
+    std::optional<SavedEstimate> prepareSaved(const QString &title = QStringLiteral("印刷"),
+                                              const QString &action = QStringLiteral("印刷"));
 
     // The saved workbook of the open estimate, and the PDF beside it (Mitsumori/<name>.pdf).
     QString workbookPath() const;
     QString pdfPath() const;
 
 private:
-    bool ensureSaved();
+    bool ensureSaved(const QString &title, const QString &action);
 
     Session &m_session;
     Messages &m_messages;

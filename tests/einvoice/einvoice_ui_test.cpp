@@ -83,6 +83,10 @@ TEST_F(SheetEInvoice, AShopWithoutNumberIsToldSoThenTheFileIsWrittenBesideTheWor
     p.sheetChild<QComboBox>("cboHdai")->setCurrentIndex(4);
     p.messages.answer(Answer::Yes);   // save first
     ASSERT_TRUE(saveFromDialog());
+    ASSERT_FALSE(p.messages.shown.isEmpty());
+    EXPECT_EQ(p.messages.shown.first().text,
+              QStringLiteral("この見積書はまだ保存されていません。\n保存してから電子インボイスにしますか？"));
+    EXPECT_EQ(p.messages.shown.first().title, QStringLiteral("電子インボイス保存"));
     EXPECT_TRUE(QFile::exists(p.folder.file(QStringLiteral("Mitsumori/240105TEST.xlsx"))));
     EXPECT_FALSE(QFile::exists(xml()));
     EXPECT_TRUE(p.messages.lastText().contains(QStringLiteral("登録番号（T＋13桁の数字）がない")))
