@@ -37,6 +37,14 @@ QString figure(const QString &text)
     return isBlank(text) ? QStringLiteral("0") : text;
 }
 
+// A subtracted amount is printed with its minus; a negative one (a charge typed as a discount)
+// is added, so it shows with a plus rather than as "--500".
+QString subtracted(const QString &amount)
+{
+    const QString a = amount.trimmed();
+    return a.startsWith(QLatin1Char('-')) ? QLatin1Char('+') + a.mid(1) : QLatin1Char('-') + a;
+}
+
 QString percent(const QString &rate)
 {
     const QString r = rate.trimmed();
@@ -71,7 +79,7 @@ QList<AmountLine> totalsLines(const Session &s, const SheetFigures &f, const QSt
         lines.append({rate.isEmpty() || rate == QLatin1String("0")
                           ? QStringLiteral("値引き")
                           : QStringLiteral("値引き（%1%）").arg(rate),
-                      QStringLiteral("-") + f.discountAmount});
+                      subtracted(f.discountAmount)});
         lines.append({QStringLiteral("値引後金額"), figure(f.afterDiscount)});
     }
     lines.append({QStringLiteral("消費税（%1）").arg(percent(f.taxRate)), figure(f.tax)});
@@ -80,7 +88,7 @@ QList<AmountLine> totalsLines(const Session &s, const SheetFigures &f, const QSt
         lines.append({QStringLiteral("非課税金額"), f.nonTaxable});
     lines.append({QStringLiteral("総合計金額"), figure(f.grandTotal), true});
     if (!isBlank(f.advance))
-        lines.append({QStringLiteral("前受金額"), QStringLiteral("-") + f.advance});
+        lines.append({QStringLiteral("前受金額"), subtracted(f.advance)});
     lines.append({caption, figure(f.amountDue), true});
     return lines;
 }

@@ -41,13 +41,18 @@ Session handInvoice(int kind, std::function<void(Session &)> change = {})
 }
 
 // The figures of the printed invoice's totals blocks, by caption; deductions (値引き,
-// 前受金額) are printed with a "-" before the amount, which is given without it.
+// 前受金額) are printed as "-500" (500 taken off) or "+500" (a charge: -500 taken off).
 int printed(const print::PrintDocument &doc, const QString &caption)
 {
     const bool deduction = caption == QStringLiteral("値引き") || caption == QStringLiteral("前受金額");
-    for (const print::AmountLine &l : doc.totals + doc.taxBreakdown)
-        if (deduction ? l.caption.startsWith(caption) : l.caption == caption)
-            return parseDisplayedYen(deduction ? l.amount.mid(1) : l.amount).value_or(-999999999);
+    for (const print::AmountLine &l : doc.totals + doc.taxBreakdown) {
+        if (!(deduction ? l.caption.startsWith(caption) : l.caption == caption))
+            continue;
+        if (!deduction)
+            return parseDisplayedYen(l.amount).value_or(-999999999);
+        const int sign = l.amount.startsWith(QLatin1Char('+')) ? -1 : 1;
+        return sign * parseDisplayedYen(l.amount.mid(1)).value_or(-999999999);
+    }
     return 0;
 }
 

@@ -60,6 +60,17 @@ TEST(PrintDocument, WithoutDiscountNonTaxableOrAdvanceThoseLinesAreLeftOut)
                                      "合計金額=222,592"}));
 }
 
+TEST(PrintDocument, ANegativeDiscountOrAdvanceIsPrintedAsAnAddition)
+{
+    Session s = test::handEstimate(1);
+    s.figures.discountRate.clear();
+    s.figures.discountAmount = QStringLiteral("-500");
+    s.figures.advance = QStringLiteral("-1,000");
+    const PrintDocument doc = buildPrintDocument(s, QStringLiteral("御中"), test::sampleShop());
+    EXPECT_EQ(amountOf(doc.totals, QStringLiteral("値引き")), QStringLiteral("+500"));
+    EXPECT_EQ(amountOf(doc.totals, QStringLiteral("前受金額")), QStringLiteral("+1,000"));
+}
+
 struct KindCase
 {
     int kind;
