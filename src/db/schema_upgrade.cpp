@@ -45,6 +45,12 @@ QString addShopPeppolId(QSqlDatabase &database)
     return runAddOn(database, QStringLiteral("Jisya_Jyouhou.peppol"));
 }
 
+// Jisya_Jyouhou 4: the slip ledger, empty (the counters of the settings join it at start-up).
+QString addSlipLedger(QSqlDatabase &database)
+{
+    return runAddOn(database, QStringLiteral("Jisya_Jyouhou.slips"));
+}
+
 // KokyakuDB 2: the customers' Peppol IDs and corporate numbers.
 QString addCustomerPeppolIds(QSqlDatabase &database)
 {
@@ -98,7 +104,7 @@ QString runStep(QSqlDatabase &database, const SchemaStep &step)
 QList<SchemaStep> schemaSteps(const QString &baseName)
 {
     if (baseName == QLatin1String("Jisya_Jyouhou"))
-        return {{2, addCompanyExtras}, {3, addShopPeppolId}};
+        return {{2, addCompanyExtras}, {3, addShopPeppolId}, {4, addSlipLedger}};
     if (baseName == QLatin1String("KokyakuDB"))
         return {{2, addCustomerPeppolIds}};
     if (baseName == QLatin1String("PartDB"))

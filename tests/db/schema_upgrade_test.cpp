@@ -181,6 +181,7 @@ INSTANTIATE_TEST_SUITE_P(Files, EarlierLayout, ::testing::Values(
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2"}, 1},
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "Jisya_Jyouhou.peppol"}, 1},
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "SchemaVersion.2"}, 2},
+    LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "Jisya_Jyouhou.peppol", "SchemaVersion.3"}, 3},
     LayoutCase{"temp\\KokyakuDB.mdb", {"KokyakuDB.1"}, 1},
     LayoutCase{"temp\\KokyakuDB.mdb", {"KokyakuDB.1", "KokyakuDB.peppol"}, 1},
     LayoutCase{"temp\\PartDB.mdb", {"PartDB.1"}, 1},
