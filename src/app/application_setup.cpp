@@ -8,11 +8,16 @@
 
 namespace est::app {
 
-void setUpApplication(QApplication &application)
+void setApplicationNames()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("EstimateApp"));
     QCoreApplication::setApplicationName(QStringLiteral("EstimateApp"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ESTIMATE_VERSION));
+}
+
+void setUpApplication(QApplication &application)
+{
+    setApplicationNames();
     QFont font(QStringLiteral("Noto Sans CJK JP"));
     font.setPointSize(10);
     QApplication::setFont(font);

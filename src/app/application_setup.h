@@ -7,6 +7,10 @@ class QCoreApplication;
 
 namespace est::app {
 
+// The names under which the settings store and the per-user data folder are kept; callable
+// before the application object exists, as the command line needs them first.
+void setApplicationNames();
+
 void setUpApplication(QApplication &application);
 
 // Qt's Japanese translations (はい / いいえ / キャンセル of message boxes, the file, print and

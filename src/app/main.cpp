@@ -1,11 +1,10 @@
-// The estimate program: start-up and the event loop, or, with --pdf, a saved estimate
-// rendered to PDF without a window, or, with --invoice-xml, its electronic invoice.
+// The estimate program: start-up and the event loop, or one of the command-line uses that
+// answer without a window (see app/command_line.h).
 
 #include "app/app_controller.h"
 #include "app/application_setup.h"
+#include "app/command_line.h"
 #include "db/app_folder.h"
-#include "einvoice/invoice_export.h"
-#include "print/pdf_command.h"
 #include "uikit/message_box_messages.h"
 
 #include <QApplication>
@@ -16,34 +15,43 @@
 
 namespace {
 
-int runPdf(int argc, char *argv[])
+int runPdf(int argc, char *argv[], const est::print::PdfRequest &request)
 {
     // No window is shown: the command works without a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
     QTextStream errors(stderr);
-    return est::print::runPdfCommand(QGuiApplication::arguments(), est::db::applicationFolder(), errors);
+    return est::print::runPdfCommand(request, est::db::applicationFolder(), errors);
 }
 
-int runInvoiceXml(int argc, char *argv[])
+int runInvoiceXml(int argc, char *argv[], const est::einvoice::InvoiceRequest &request)
 {
     QCoreApplication application(argc, argv);
     QTextStream errors(stderr);
-    return est::einvoice::runInvoiceCommand(QCoreApplication::arguments(), est::db::applicationFolder(), errors);
+    return est::einvoice::runInvoiceCommand(request, est::db::applicationFolder(), errors);
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+// --help, --version and a refused command line: no window, no display needed.
+int answer(int argc, char *argv[], const est::app::CommandLine &command)
 {
-    for (int i = 1; i < argc; ++i)
-        if (qstrcmp(argv[i], "--pdf") == 0)
-            return runPdf(argc, argv);
-    for (int i = 1; i < argc; ++i)
-        if (qstrcmp(argv[i], "--invoice-xml") == 0)
-            return runInvoiceXml(argc, argv);
+    using est::app::CommandKind;
+    QCoreApplication application(argc, argv);
+    if (command.kind == CommandKind::Version) {
+        QTextStream(stdout) << est::app::versionText() << '\n';
+        return 0;
+    }
+    const QString help = est::app::helpText(est::db::applicationFolder());
+    if (command.kind == CommandKind::Help) {
+        QTextStream(stdout) << help;
+        return 0;
+    }
+    QTextStream(stderr) << command.refusal << "\n\n" << help;
+    return est::app::kUsageExitStatus;
+}
 
+int runWindow(int argc, char *argv[])
+{
     QApplication application(argc, argv);
     est::app::setUpApplication(application);
 
@@ -53,4 +61,29 @@ int main(int argc, char *argv[])
     est::app::AppController controller(session, messages, clock, est::db::applicationFolder());
     controller.start();
     return application.exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    using est::app::CommandKind;
+    est::app::setApplicationNames();
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const est::app::CommandLine command = est::app::parseCommandLine(arguments);
+    switch (command.kind) {
+    case CommandKind::Help:
+    case CommandKind::Version:
+    case CommandKind::Refused:
+        return answer(argc, argv, command);
+    case CommandKind::Pdf:
+        return runPdf(argc, argv, command.pdf);
+    case CommandKind::InvoiceXml:
+        return runInvoiceXml(argc, argv, command.invoice);
+    case CommandKind::Window:
+        break;
+    }
+    return runWindow(argc, argv);
 }

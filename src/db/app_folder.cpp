@@ -2,16 +2,25 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <QStringList>
 
 namespace est::db {
 
-QString applicationFolder()
+QString applicationFolderFor(const QString &programFolder)
 {
     const QByteArray home = qgetenv("ESTIMATE_APP_HOME");
     if (!home.isEmpty())
         return QDir::cleanPath(QString::fromLocal8Bit(home));
-    return QCoreApplication::applicationDirPath();
+    if (QFileInfo::exists(joinPath(programFolder, kAppFolderMarker)))
+        return programFolder;
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString applicationFolder()
+{
+    return applicationFolderFor(QCoreApplication::applicationDirPath());
 }
 
 QString joinPath(const QString &folder, const QString &relative)

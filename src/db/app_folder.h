@@ -6,8 +6,16 @@
 
 namespace est::db {
 
-// The program's folder, or the folder named by ESTIMATE_APP_HOME when that is set.
+// A file of this name beside the program makes the program's folder the application folder:
+// the build tree has one, so a program run from it keeps its data there.
+inline const QString kAppFolderMarker = QStringLiteral("estimate-app-folder");
+
+// The folder named by ESTIMATE_APP_HOME when that is set; else the program's folder when it
+// holds the marker; else the user's data folder (an installed program,
+// ~/.local/share/EstimateApp/EstimateApp on Linux).
 QString applicationFolder();
+// The same rule for a program in `programFolder`.
+QString applicationFolderFor(const QString &programFolder);
 
 // The folder, then a separator unless the folder already ends in one, then the relative part.
 QString joinPath(const QString &folder, const QString &relative);

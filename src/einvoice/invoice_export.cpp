@@ -17,8 +17,6 @@ namespace {
 
 enum CustomerIndex { KNo = 0 };
 
-const char *kUsage = "使い方: estimate --invoice-xml WORKBOOK OUT.xml [--replace]";
-
 } // namespace
 
 InvoiceFile makeInvoiceFile(const print::SavedEstimate &saved, const QString &appFolder)
@@ -78,42 +76,24 @@ bool saveInvoice(const print::SavedEstimate &saved, const QString &appFolder, co
     return true;
 }
 
-int runInvoiceCommand(const QStringList &arguments, const QString &appFolder, QTextStream &errors)
+int runInvoiceCommand(const InvoiceRequest &request, const QString &appFolder, QTextStream &errors)
 {
-    QStringList files;
-    bool replace = false;
-    QString usage;
-    for (int i = 1; i < arguments.size() && usage.isEmpty(); ++i) {
-        const QString &a = arguments.at(i);
-        if (a == QLatin1String("--invoice-xml"))
-            continue;
-        if (a == QLatin1String("--replace"))
-            replace = true;
-        else if (a.startsWith(QLatin1String("--")))
-            usage = QStringLiteral("不明なオプションです: ") + a;
-        else
-            files.append(a);
-    }
-    if (usage.isEmpty() && files.size() != 2)
-        usage = QStringLiteral("ブックと出力するXMLの2つのパスを指定してください。");
     const auto fail = [&errors](const QString &text, int status) {
         errors << text << '\n';
         errors.flush();
         return status;
     };
-    if (!usage.isEmpty())
-        return fail(usage + QLatin1Char('\n') + QString::fromUtf8(kUsage), InvoiceUsage);
     QString error;
-    const auto saved = print::loadSavedEstimate(files.at(0), &error);
+    const auto saved = print::loadSavedEstimate(request.workbook, &error);
     if (!saved)
         return fail(error, InvoiceRefused);
     const InvoiceFile file = makeInvoiceFile(*saved, appFolder);
     if (file.xml.isEmpty())
         return fail(file.refusal, InvoiceRefused);
-    if (QFileInfo::exists(files.at(1)) && !replace)
-        return fail(QStringLiteral("%1 は既にあります。置き換えるには --replace を付けてください。").arg(files.at(1)),
+    if (QFileInfo::exists(request.output) && !request.replace)
+        return fail(QStringLiteral("%1 は既にあります。置き換えるには --replace を付けてください。").arg(request.output),
                     InvoiceWriteFailed);
-    error = writeInvoiceFile(files.at(1), file.xml);
+    error = writeInvoiceFile(request.output, file.xml);
     if (!error.isEmpty())
         return fail(error, InvoiceWriteFailed);
     for (const QString &notice : file.notices)

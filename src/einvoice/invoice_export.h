@@ -41,7 +41,15 @@ bool saveInvoice(const print::SavedEstimate &saved, const QString &appFolder, co
 
 enum InvoiceCommandStatus { InvoiceDone = 0, InvoiceUsage = 1, InvoiceRefused = 2, InvoiceWriteFailed = 3 };
 
-// The command line; reasons and notices go to `errors`. Returns the exit status.
-int runInvoiceCommand(const QStringList &arguments, const QString &appFolder, QTextStream &errors);
+// What the command line asked for (read by app/command_line.h).
+struct InvoiceRequest
+{
+    QString workbook;
+    QString output;
+    bool replace = false;   // an existing output file may be replaced
+};
+
+// The command; reasons and notices go to `errors`. Returns the exit status.
+int runInvoiceCommand(const InvoiceRequest &request, const QString &appFolder, QTextStream &errors);
 
 } // namespace est::einvoice

@@ -1,5 +1,6 @@
 #include "print/page_kit.h"
 
+#include "print/print_fonts.h"
 #include "sheet/company_block.h"
 
 #include <QFontMetricsF>
@@ -11,8 +12,6 @@
 namespace est::print {
 
 namespace {
-const QString kSans = QStringLiteral("Noto Sans CJK JP");
-const QString kSerif = QStringLiteral("Noto Serif CJK JP");
 constexpr double kPad = 1.0;   // space between a box's border and its text
 const QColor kHeaderFill(232, 232, 232);
 const QColor kStrongFill(242, 242, 242);
@@ -27,7 +26,8 @@ QRectF Canvas::rect(double x, double y, double w, double h) const
 
 QFont Canvas::font(double points, bool bold, bool serif) const
 {
-    QFont f(serif ? kSerif : kSans);
+    QFont f;
+    f.setFamilies(serif ? printFonts().serif : printFonts().sans);
     f.setPointSizeF(points);
     f.setBold(bold);
     f.setStyleHint(serif ? QFont::Serif : QFont::SansSerif);

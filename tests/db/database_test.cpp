@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QSqlQuery>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace est;
@@ -34,6 +35,32 @@ TEST(AppFolder, EnvironmentWins)
 {
     test::TempAppFolder folder;
     EXPECT_EQ(db::applicationFolder(), folder.path());
+    QTemporaryDir program;
+    QFile marker(db::joinPath(program.path(), db::kAppFolderMarker));
+    ASSERT_TRUE(marker.open(QIODevice::WriteOnly));
+    marker.close();
+    EXPECT_EQ(db::applicationFolderFor(program.path()), folder.path());
+}
+
+// Installed, the program keeps each user's data in the user's data folder; a program beside
+// the marker (the build tree) keeps it beside itself.
+TEST(AppFolder, UsersDataFolderUnlessTheProgramsFolderIsMarked)
+{
+    const QByteArray home = qgetenv("ESTIMATE_APP_HOME");
+    const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
+    qunsetenv("ESTIMATE_APP_HOME");
+    QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
+    QTemporaryDir program;
+    // The test program's names (test_main.cpp): organisation and application.
+    EXPECT_EQ(db::applicationFolderFor(program.path()), data.path() + QStringLiteral("/EstimateAppTest/EstimateAppTest"));
+    QFile marker(db::joinPath(program.path(), db::kAppFolderMarker));
+    ASSERT_TRUE(marker.open(QIODevice::WriteOnly));
+    marker.close();
+    EXPECT_EQ(db::applicationFolderFor(program.path()), program.path());
+    if (!home.isEmpty())
+        qputenv("ESTIMATE_APP_HOME", home);
+    dataHome.isEmpty() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", dataHome);
 }
 
 TEST(Script, SplitsRespectingQuotesAndComments)

@@ -50,6 +50,7 @@ protected:
                                  .arg(++m_count);
         const QString pdf = keep.isEmpty() ? m_dir.filePath(name) : QDir(keep).filePath(name);
         EXPECT_EQ(writePdf(m_doc, options, pdf), QString());
+        EXPECT_EQ(test::radicalsIn(test::pdfText(pdf)), QString()) << "kanji given as radicals";
         if (expectedPages)
             *expectedPages = PrintSet(m_doc, options).pageCount();
         return pdf;
@@ -241,6 +242,7 @@ TEST_F(PdfCommand, RendersASavedWorkbookWithTheApplicationFoldersShop)
               0)
         << errors.toStdString();
     EXPECT_EQ(test::pdfPages(pdf), 4);
+    EXPECT_EQ(test::radicalsIn(test::pdfText(pdf)), QString());
     const QString text = test::squeezed(test::pdfText(pdf));
     EXPECT_TRUE(text.contains(QStringLiteral("納品/請求書")));
     EXPECT_TRUE(text.contains(QStringLiteral("登録番号T1234567890123")));

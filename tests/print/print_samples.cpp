@@ -200,9 +200,17 @@ QString pdfFonts(const QString &pdf)
 
 QString squeezed(QString text)
 {
-    text = text.normalized(QString::NormalizationForm_KC);
     text.remove(QRegularExpression(QStringLiteral("[\\s\\x{3000}]")));
     return text;
+}
+
+QString radicalsIn(const QString &text)
+{
+    QString found;
+    for (const QChar c : text)
+        if (c.unicode() >= 0x2E80 && c.unicode() <= 0x2FDF)
+            found += c;
+    return found;
 }
 
 bool havePdfTools()

@@ -30,9 +30,10 @@ QString pdfText(const QString &pdf, int page = 0);
 int pdfPages(const QString &pdf);
 // pdffonts output.
 QString pdfFonts(const QString &pdf);
-// pdftotext spreads letter-spaced titles and aligns with blanks, and gives some kanji as
-// their compatibility radicals (金 as U+2FA6): the text folded by NFKC, without blanks.
+// pdftotext spreads letter-spaced titles and aligns with blanks: the text without blanks.
 QString squeezed(QString text);
+// The radicals (U+2E80-U+2FDF) in a text, in order: a PDF's text names each kanji by itself.
+QString radicalsIn(const QString &text);
 // Whether the poppler tools are installed.
 bool havePdfTools();
 

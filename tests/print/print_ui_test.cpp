@@ -101,6 +101,7 @@ TEST_F(SheetPrinting, AnUnsavedEstimateIsSavedFirstThenWrittenAsPdf)
     ASSERT_TRUE(QFile::exists(pdf())) << p.messages.lastText().toStdString();
     EXPECT_TRUE(p.messages.lastText().startsWith(QStringLiteral("PDFファイルを保存しました。")));
     EXPECT_EQ(p.session.sheetState, SheetState::NameChosen);
+    EXPECT_EQ(test::radicalsIn(test::pdfText(pdf())), QString());
     const QString text = test::squeezed(test::pdfText(pdf()));
     EXPECT_TRUE(text.contains(QStringLiteral("ご請求書")));
     EXPECT_TRUE(text.contains(QStringLiteral("山田太郎")));
