@@ -25,6 +25,15 @@ int runPdf(int argc, char *argv[], const est::print::PdfRequest &request)
     return est::print::runPdfCommand(request, est::db::applicationFolder(), errors);
 }
 
+int runCompare(int argc, char *argv[], const est::compare::CompareRequest &request)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    QTextStream errors(stderr);
+    return est::compare::runCompareCommand(request, est::db::applicationFolder(), errors);
+}
+
 int runInvoiceXml(int argc, char *argv[], const est::einvoice::InvoiceRequest &request)
 {
     QCoreApplication application(argc, argv);
@@ -82,6 +91,8 @@ int main(int argc, char *argv[])
         return runPdf(argc, argv, command.pdf);
     case CommandKind::InvoiceXml:
         return runInvoiceXml(argc, argv, command.invoice);
+    case CommandKind::Compare:
+        return runCompare(argc, argv, command.compare);
     case CommandKind::Window:
         break;
     }
