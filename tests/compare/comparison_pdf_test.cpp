@@ -7,8 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -29,16 +27,8 @@ protected:
 
     int run(const QStringList &args, QString *errors = nullptr)
     {
-        QProcess p;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("ESTIMATE_APP_HOME"), m_app.path());
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        p.setProcessEnvironment(env);
-        p.start(QStringLiteral(ESTIMATE_PROGRAM), QStringList{QStringLiteral("--compare")} + args);
-        EXPECT_TRUE(p.waitForFinished(60000));
-        if (errors)
-            *errors = QString::fromUtf8(p.readAllStandardError());
-        return p.exitCode();
+        return test::runProgram(QStringLiteral(ESTIMATE_PROGRAM), QStringList{QStringLiteral("--compare")} + args,
+                                m_app.path(), errors);
     }
 
     QTemporaryDir m_dir;

@@ -8,10 +8,7 @@ namespace {
 
 EstimateRow row(const QStringList &cells)
 {
-    EstimateRow r;
-    for (int i = 0; i < cells.size() && i < EstimateColumnCount; ++i)
-        r[size_t(i)] = cells.at(i);
-    return r;
+    return test::estimateRow(cells);
 }
 
 } // namespace

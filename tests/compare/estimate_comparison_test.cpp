@@ -26,10 +26,7 @@ namespace {
 
 EstimateRow row(const QStringList &cells)
 {
-    EstimateRow r;
-    for (int i = 0; i < cells.size() && i < EstimateColumnCount; ++i)
-        r[size_t(i)] = cells.at(i);
-    return r;
+    return test::estimateRow(cells);
 }
 
 RowChange expected(ChangeKind kind, const QStringList &name, const RowFigures &before, const RowFigures &after)
