@@ -1,6 +1,7 @@
 #include "db/server_database.h"
 
 #include "db/dialect.h"
+#include "db/schema_upgrade.h"
 #include "db/server_settings.h"
 #include "db/transaction_guard.h"
 
@@ -83,6 +84,8 @@ QString createSchema(QSqlDatabase &database, const QString &baseName)
         for (const QString &statement : splitStatements(script))
             if (!query.exec(toServerStatement(statement)))
                 return failed(query) + QStringLiteral("\n") + statement.left(200);
+    if (QString error = recordLayout(database, currentLayout(schemaSteps(baseName))); !error.isEmpty())
+        return error;
     return resyncIdentities(database);
 }
 
@@ -204,9 +207,17 @@ OpenResult openServerDatabase(const QString &connection, const QString &baseName
         result.created = true;
         return result;
     }
-    // Tables added by later versions, as a file gains them on its first opening.
-    for (const QString &script : addOnScripts(baseName))
-        addMissingTables(result.database, script);
+    // A schema of an earlier layout is upgraded as a file is; a newer one is never written to.
+    const UpgradeOutcome outcome = upgradeDatabase(result.database, schemaSteps(baseName), {});
+    if (outcome.state == UpgradeOutcome::State::Newer) {
+        result.error = QStringLiteral("共有サーバーの %1 は、このプログラムより新しい版の形式です（形式 %2、このプログラムは形式 %3 まで）。"
+                                      "\nプログラムを新しい版にしてください。サーバーには何も書き込んでいません。")
+                           .arg(baseName).arg(outcome.from).arg(currentLayout(schemaSteps(baseName)));
+        result.database.close();
+    } else if (outcome.state == UpgradeOutcome::State::Failed) {
+        result.error = QStringLiteral("共有サーバーの %1: %2").arg(baseName, outcome.message);
+        result.database.close();
+    }
     return result;
 }
 

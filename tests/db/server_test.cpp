@@ -124,11 +124,22 @@ TEST(ServerLayout, NewerLayoutIsRefusedAndNothingWritten)
     const db::OpenResult refused = db::openDatabase(folder.path(), db::kPartDb);
     ASSERT_FALSE(refused.ok());
     EXPECT_TRUE(refused.error.contains(QStringLiteral("新しい版"))) << refused.error.toStdString();
-    QSqlDatabase admin = adminTo(server.connection(), QStringLiteral("layout-check"));
-    QSqlQuery query(admin);
-    ASSERT_TRUE(query.exec(QStringLiteral("SELECT 1 FROM information_schema.schemata WHERE schema_name = 'partdb'")));
-    EXPECT_FALSE(query.next());
-    admin.close();
+    {
+        QSqlDatabase admin = adminTo(server.connection(), QStringLiteral("layout-check"));
+        QSqlQuery query(admin);
+        ASSERT_TRUE(query.exec(QStringLiteral("SELECT 1 FROM information_schema.schemata WHERE schema_name = 'partdb'")));
+        EXPECT_FALSE(query.next());
+        // One database of a newer layout is refused on its own, the others still open.
+        ASSERT_TRUE(query.exec(QStringLiteral("UPDATE estimate.\"Layout\" SET \"Version\" = 1")));
+        ASSERT_TRUE(query.exec(QStringLiteral("UPDATE hikazei.\"SchemaVersion\" SET version = 99")));
+        admin.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("layout-check"));
+    db::closeServerConnections();
+    const db::OpenResult newer = db::openDatabase(folder.path(), QStringLiteral("Data\\Hikazei.mdb"));
+    ASSERT_FALSE(newer.ok());
+    EXPECT_TRUE(newer.error.contains(QStringLiteral("新しい版"))) << newer.error.toStdString();
+    EXPECT_TRUE(db::openDatabase(folder.path(), QStringLiteral("temp\\KokyakuDB.mdb")).ok());
 }
 
 class DialectTest : public ::testing::TestWithParam<test::Backend> {};
