@@ -43,8 +43,8 @@ bool ElectronicAddressStore::write(const QString &kno, const ElectronicAddress &
                                   {QStringLiteral("KNo"), QStringLiteral("PeppolID"), QStringLiteral("HoujinNo")},
                                   {QStringLiteral("KNo")}));
     q.addBindValue(kno);
-    q.addBindValue(address.peppolId);
-    q.addBindValue(address.corporateNumber);
+    q.addBindValue(db::nonNullText(address.peppolId));
+    q.addBindValue(db::nonNullText(address.corporateNumber));
     return run(q);
 }
 

@@ -18,6 +18,12 @@ QString integerOf(const QSqlDatabase &database, const QString &expression);
 // INSERT of one row that replaces the row with the same key (an upsert); one "?" per column.
 QString upsertStatement(const QString &table, const QStringList &columns, const QStringList &keys);
 
+// A value for a NOT NULL text column: a null text is bound as the empty text.
+inline QString nonNullText(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 // The columns of a table in their order (the server's hidden row number not among them).
 QStringList columnNames(const QSqlDatabase &database, const QString &table);
 

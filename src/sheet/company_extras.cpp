@@ -97,7 +97,7 @@ bool CompanyExtrasStore::write(int jNo, const CompanyExtras &extras)
     peppol.prepare(db::upsertStatement(QStringLiteral("Jisya_Peppol"), {QStringLiteral("JNo"), QStringLiteral("PeppolID")},
                                        {QStringLiteral("JNo")}));
     peppol.addBindValue(jNo);
-    peppol.addBindValue(extras.peppolId);
+    peppol.addBindValue(db::nonNullText(extras.peppolId));
     if (!peppol.exec()) {
         m_error = peppol.lastError().text();
         return false;
