@@ -55,33 +55,58 @@ CommandLine parseWindow(const QStringList &args)
     return {};
 }
 
+// The arguments of a command for scripts: the command's own name is skipped, `option` reads
+// each option (false for one it does not know; it may take the next argument as a value
+// through `i`), and the other arguments are the command's two files. Empty on success, else
+// the reason for refusing.
+template <typename ReadOption>
+QString readScriptArguments(const QStringList &args, const QString &command, const QString &twoFiles,
+                            ReadOption option, QStringList *files)
+{
+    for (qsizetype i = 1; i < args.size(); ++i) {
+        const QString &a = args.at(i);
+        if (a == command)
+            continue;
+        if (!isOption(a)) {
+            files->append(a);
+            continue;
+        }
+        QString refusal;
+        if (!option(a, i, &refusal))
+            return refusal.isEmpty() ? unknownOption(a) : refusal;
+    }
+    return files->size() == 2 ? QString() : twoFiles;
+}
+
 CommandLine parsePdf(const QStringList &args)
 {
     CommandLine line;
     line.kind = CommandKind::Pdf;
-    QStringList files;
-    for (qsizetype i = 1; i < args.size(); ++i) {
-        const QString &a = args.at(i);
-        if (a == QLatin1String("--pdf"))
-            continue;
+    print::PrintOptions &options = line.pdf.options;
+    const auto option = [&args, &options](const QString &a, qsizetype &i, QString *refusal) {
         if (a == QLatin1String("--layout")) {
-            if (i + 1 >= args.size() || !print::parseLayout(args.at(i + 1), &line.pdf.options.layout))
-                return refused(QStringLiteral("--layout には A か B を指定してください。"));
+            if (i + 1 >= args.size() || !print::parseLayout(args.at(i + 1), &options.layout)) {
+                *refusal = QStringLiteral("--layout には A か B を指定してください。");
+                return false;
+            }
             ++i;
         } else if (a == QLatin1String("--copy")) {
-            line.pdf.options.shopCopy = true;
+            options.shopCopy = true;
         } else if (a == QLatin1String("--paint")) {
-            line.pdf.options.paintSheet = true;
+            options.paintSheet = true;
         } else if (a == QLatin1String("--sub")) {
-            line.pdf.options.subSheet = true;
-        } else if (isOption(a)) {
-            return refused(unknownOption(a));
+            options.subSheet = true;
         } else {
-            files.append(a);
+            return false;
         }
-    }
-    if (files.size() != 2)
-        return refused(QStringLiteral("ブックと出力するPDFの2つのパスを指定してください。"));
+        return true;
+    };
+    QStringList files;
+    const QString refusal = readScriptArguments(args, QStringLiteral("--pdf"),
+                                                QStringLiteral("ブックと出力するPDFの2つのパスを指定してください。"),
+                                                option, &files);
+    if (!refusal.isEmpty())
+        return refused(refusal);
     line.pdf.workbook = files.at(0);
     line.pdf.output = files.at(1);
     return line;
@@ -91,20 +116,17 @@ CommandLine parseInvoiceXml(const QStringList &args)
 {
     CommandLine line;
     line.kind = CommandKind::InvoiceXml;
+    bool &replace = line.invoice.replace;
+    const auto option = [&replace](const QString &a, qsizetype &, QString *) {
+        replace = replace || a == QLatin1String("--replace");
+        return a == QLatin1String("--replace");
+    };
     QStringList files;
-    for (qsizetype i = 1; i < args.size(); ++i) {
-        const QString &a = args.at(i);
-        if (a == QLatin1String("--invoice-xml"))
-            continue;
-        if (a == QLatin1String("--replace"))
-            line.invoice.replace = true;
-        else if (isOption(a))
-            return refused(unknownOption(a));
-        else
-            files.append(a);
-    }
-    if (files.size() != 2)
-        return refused(QStringLiteral("ブックと出力するXMLの2つのパスを指定してください。"));
+    const QString refusal = readScriptArguments(args, QStringLiteral("--invoice-xml"),
+                                                QStringLiteral("ブックと出力するXMLの2つのパスを指定してください。"),
+                                                option, &files);
+    if (!refusal.isEmpty())
+        return refused(refusal);
     line.invoice.workbook = files.at(0);
     line.invoice.output = files.at(1);
     return line;
