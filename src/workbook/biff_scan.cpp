@@ -35,6 +35,9 @@ enum Record : quint16 {
 
 constexpr int kMaxRecord = 8224;        // FreeXL's record buffer, the largest BIFF8 record
 constexpr int kMaxXfRecords = 8192;     // FreeXL's table of cell formats
+// FreeXL looks through its date and time formats for every number cell: a spreadsheet program
+// keeps some 200 formats of all kinds, a longer list only costs time.
+constexpr int kMaxDateFormats = 250;
 constexpr quint32 kMaxRows = 65536;
 constexpr quint32 kMaxColumns = 256;
 // FreeXL turns a date-formatted number into a date by counting days one at a time;
@@ -91,11 +94,19 @@ QString errorCode(quint8 code)
     }
 }
 
-// FreeXL's reading of a format code: a date when it has year and month, or month and day.
-bool dateLikeFormat(const QByteArray &ascii)
+// FreeXL's reading of a format code: a date when it has year and month, or month and day;
+// a time when it has hours and minutes, or minutes and seconds.
+struct FormatKind
+{
+    bool date = false;
+    bool dateOrTime = false;
+};
+
+FormatKind formatKind(const QByteArray &ascii)
 {
     auto has = [&ascii](char c) { return ascii.contains(c) || ascii.contains(char(c - 'a' + 'A')); };
-    return (has('y') && has('m')) || (has('m') && has('d'));
+    const bool date = (has('y') && has('m')) || (has('m') && has('d'));
+    return {date, date || (has('h') && has('m')) || (has('m') && has('s'))};
 }
 
 class Scanner
@@ -227,7 +238,10 @@ private:
             need(3 + chars, "FORMAT");
             code = QByteArray(m_record + 3, chars);
         }
-        if (dateLikeFormat(code))
+        const FormatKind kind = formatKind(code);
+        if (kind.dateOrTime && ++m_dateOrTimeFormats > kMaxDateFormats)
+            damaged(QStringLiteral("too many date formats"));
+        if (kind.date)
             m_dateFormats.insert(u16(m_record));
     }
 
@@ -414,6 +428,7 @@ private:
     QList<SheetSize> m_dimensions;
     QList<quint16> m_xfFormats;
     QSet<quint16> m_dateFormats;
+    int m_dateOrTimeFormats = 0;
     qint64 m_cells = 0;
     qint64 m_kept = 0;
     bool m_sstSeen = false;

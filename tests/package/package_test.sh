@@ -132,9 +132,13 @@ if command -v xvfb-run >/dev/null && command -v xwininfo >/dev/null; then
       LC_ALL=C.UTF-8 grep -qP "^\s+0x[0-9a-f]+ \"[^\"]*\p{Han}" "$2" && break
       sleep 0.2
     done
-    kill "$program"' sh "$home" "$work/windows" >/dev/null 2>&1 || true
+    window=$(LC_ALL=C.UTF-8 grep -oP "^\s+\K0x[0-9a-f]+(?= \"[^\"]*\p{Han})" "$2" | head -1)
+    [ -n "$window" ] && xprop -id "$window" WM_CLASS _NET_WM_ICON | cut -c1-80 >"$3"
+    kill "$program"' sh "$home" "$work/windows" "$work/window-properties" >/dev/null 2>&1 || true
   LC_ALL=C.UTF-8 grep -qP '^\s+0x[0-9a-f]+ "[^"]*\p{Han}' "$work/windows" \
     || { cat "$work/windows"; fail "no window with a Japanese title on the X display"; }
+  check "the window belongs to the desktop entry's class EstimateApp" grep -q 'WM_CLASS.*"EstimateApp"' "$work/window-properties"
+  check "the window carries the installed icon" grep -q '_NET_WM_ICON(CARDINAL) =' "$work/window-properties"
   echo "windows on X: $(LC_ALL=C.UTF-8 grep -oP '^\s+0x[0-9a-f]+ "\K[^"]*\p{Han}[^"]*' "$work/windows" | paste -sd,)"
 fi
 python3 - "$data/temp/KokyakuDB.sqlite" "$customers" <<'PY' || fail "the customer database was not upgraded with every row"

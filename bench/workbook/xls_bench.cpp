@@ -1,0 +1,147 @@
+// The .xls reader: opening the full estimate (394 work rows, 73 paint rows) made by LibreOffice
+// from our own .xlsx, converting 1,000 .xls estimates into .xlsx as frmExp does (the progress
+// callback counted, as the bar moves with it), and opening a sheet that declares the whole cell
+// budget (the most FreeXL is let allocate) with its peak memory.
+// Targets: open < 20 ms, 1,000 conversions < 60 s, the worst declared size < 2 s and 150 MB.
+//   build/bench/workbook/xls_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
+
+#include "reports/legacy_conversion.h"
+#include "workbook/biff_rewrite.h"
+#include "workbook/cfb_stream.h"
+#include "workbook/estimate_layout.h"
+#include "workbook/xls_book.h"
+#include "xls_samples.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+using namespace est;
+using namespace est::workbook;
+
+namespace {
+
+QString sample(const char *name)
+{
+    return QDir(test::xlsSampleFolder()).filePath(QString::fromLatin1(name) + QStringLiteral(".xls"));
+}
+
+// The process's peak resident set since the last reset (VmHWM), in MB.
+double peakMb()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n'))
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024.0;
+    return 0;
+}
+
+void resetPeak()
+{
+    QFile refs(QStringLiteral("/proc/self/clear_refs"));
+    if (refs.open(QIODevice::WriteOnly))
+        refs.write("5");
+}
+
+void BM_OpenFullXls(benchmark::State &state)
+{
+    const QString path = sample("full");
+    for (auto _ : state) {
+        Session s;
+        auto book = openForReading(path);
+        readEstimate(*book, s);
+        benchmark::DoNotOptimize(s.rows.size());
+    }
+}
+BENCHMARK(BM_OpenFullXls)->Unit(benchmark::kMillisecond);
+
+void BM_Convert1000(benchmark::State &state)
+{
+    const int count = int(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        QTemporaryDir app;
+        QTemporaryDir old;
+        // Hard links: a thousand estimates without a thousand copies on disk.
+        for (int i = 0; i < count; ++i) {
+            const QString target = QDir(old.path()).filePath(QStringLiteral("%1/%2.xls").arg(i / 100).arg(i));
+            QDir().mkpath(QFileInfo(target).path());
+            if (::link(QFile::encodeName(sample(i % 2 ? "full" : "kind3")).constData(),
+                       QFile::encodeName(target).constData()) != 0)
+                QFile::copy(sample(i % 2 ? "full" : "kind3"), target);
+        }
+        const QStringList files = reports::legacyEstimatesBelow(old.path());
+        int calls = 0;
+        state.ResumeTiming();
+        const auto outcome = reports::convertLegacyEstimates(old.path(), files, reports::ConversionPlace::Beside,
+                                                             app.path(), [&calls](int, int) { return ++calls > 0; });
+        state.PauseTiming();
+        state.counters["converted"] = outcome.converted;
+        state.counters["failed"] = double(outcome.failures.size());
+        state.counters["progress_calls"] = calls;
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Convert1000)->Arg(1000)->Iterations(1)->Unit(benchmark::kSecond);
+
+// Sheet "D" declared as large as the whole budget allows; the file is otherwise the sample's.
+QByteArray budgetSizedSheet()
+{
+    QFile f(sample("empty"));
+    f.open(QIODevice::ReadOnly);
+    QByteArray stream = detail::workbookStream(f.readAll(), {});
+    auto u16 = [&stream](qsizetype at) { return quint16(quint8(stream[at]) | quint8(stream[at + 1]) << 8); };
+    QList<qsizetype> dimensions;
+    qint64 others = 0;
+    for (qsizetype pos = 0; pos + 4 <= stream.size(); pos += 4 + u16(pos + 2))
+        if (u16(pos) == 0x0200)
+            dimensions.append(pos + 4);
+    for (qsizetype i = 0; i + 1 < dimensions.size(); ++i)
+        others += qint64(u16(dimensions[i] + 4)) * u16(dimensions[i] + 10);
+    // Sheets are in workbook order and "P" is the last one: "D" is the one before it.
+    const qsizetype d = dimensions.at(dimensions.size() - 2);
+    others -= qint64(u16(d + 4)) * u16(d + 10);
+    others += qint64(u16(dimensions.last() + 4)) * u16(dimensions.last() + 10);
+    const quint32 rows = quint32((XlsLimits{}.maxCells - others) / 256);
+    for (int i = 0; i < 4; ++i)
+        stream[d + 4 + i] = char(rows >> (8 * i) & 0xFF);
+    stream[d + 10] = char(0);
+    stream[d + 11] = char(1);   // 256 columns
+    return detail::compoundFileWith(stream);
+}
+
+void BM_WorstDeclaredSize(benchmark::State &state)
+{
+    const QByteArray bytes = budgetSizedSheet();
+    int refused = 0;
+    resetPeak();
+    for (auto _ : state) {
+        try {
+            auto book = XlsBook::fromBytes(bytes);
+            Session s;
+            readEstimate(*book, s);
+        } catch (const WorkbookError &) {
+            ++refused;
+        }
+    }
+    state.counters["refused"] = refused > 0 ? 1 : 0;
+    state.counters["peak_MB"] = peakMb();
+}
+BENCHMARK(BM_WorstDeclaredSize)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
