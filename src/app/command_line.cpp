@@ -57,11 +57,11 @@ CommandLine parseWindow(const QStringList &args)
 
 // The arguments of a command for scripts: the command's own name is skipped, `option` reads
 // each option (false for one it does not know; it may take the next argument as a value
-// through `i`), and the other arguments are the command's two files. Empty on success, else
+// through `i`), and the other arguments are the command's files (`count` of them). Empty on success, else
 // the reason for refusing.
 template <typename ReadOption>
-QString readScriptArguments(const QStringList &args, const QString &command, const QString &twoFiles,
-                            ReadOption option, QStringList *files)
+QString readScriptArguments(const QStringList &args, const QString &command, const QString &wrongCount,
+                            ReadOption option, QStringList *files, qsizetype count = 2)
 {
     for (qsizetype i = 1; i < args.size(); ++i) {
         const QString &a = args.at(i);
@@ -75,7 +75,7 @@ QString readScriptArguments(const QStringList &args, const QString &command, con
         if (!option(a, i, &refusal))
             return refusal.isEmpty() ? unknownOption(a) : refusal;
     }
-    return files->size() == 2 ? QString() : twoFiles;
+    return files->size() == count ? QString() : wrongCount;
 }
 
 CommandLine parsePdf(const QStringList &args)
@@ -132,6 +132,21 @@ CommandLine parseInvoiceXml(const QStringList &args)
     return line;
 }
 
+CommandLine parseCompare(const QStringList &args)
+{
+    CommandLine line;
+    line.kind = CommandKind::Compare;
+    const auto noOption = [](const QString &, qsizetype &, QString *) { return false; };
+    QStringList files;
+    const QString refusal = readScriptArguments(
+        args, QStringLiteral("--compare"), QStringLiteral("比較する2つのブックと出力するPDFの3つのパスを指定してください。"),
+        noOption, &files, 3);
+    if (!refusal.isEmpty())
+        return refused(refusal);
+    line.compare = {files.at(0), files.at(1), files.at(2)};
+    return line;
+}
+
 } // namespace
 
 CommandLine parseCommandLine(const QStringList &arguments)
@@ -139,13 +154,16 @@ CommandLine parseCommandLine(const QStringList &arguments)
     const QStringList args = arguments.isEmpty() ? QStringList{QString()} : arguments;
     const QStringList rest = args.mid(1);
     if (rest.contains(QLatin1String("--help")) || rest.contains(QLatin1String("-h")))
-        return CommandLine{CommandKind::Help, {}, {}, {}};
+        return CommandLine{CommandKind::Help, {}, {}, {}, {}};
     if (rest.contains(QLatin1String("--version")))
-        return CommandLine{CommandKind::Version, {}, {}, {}};
+        return CommandLine{CommandKind::Version, {}, {}, {}, {}};
     const bool pdf = rest.contains(QLatin1String("--pdf"));
     const bool invoice = rest.contains(QLatin1String("--invoice-xml"));
-    if (pdf && invoice)
-        return refused(QStringLiteral("--pdf と --invoice-xml は一緒に使えません。"));
+    const bool compare = rest.contains(QLatin1String("--compare"));
+    if (int(pdf) + int(invoice) + int(compare) > 1)
+        return refused(QStringLiteral("--pdf、--invoice-xml、--compare は一緒に使えません。"));
+    if (compare)
+        return parseCompare(args);
     if (pdf)
         return parsePdf(args);
     if (invoice)
@@ -176,6 +194,11 @@ QString helpText(const QString &appFolder)
                "        --replace     既にあるファイルを置き換える\n"
                "      終了コード: 0 完了、1 引数の誤り、2 ブックが読めないか請求書にできない、\n"
                "                  3 ファイルが既にあるか書けない\n"
+               "\n"
+               "  estimate --compare 修正前のブック 修正後のブック 出力.pdf\n"
+               "      2つの見積の違い（追加・削除・変更した明細と合計）を修正内容比較表のPDFにします。\n"
+               "      終了コード: 0 完了、1 引数の誤り、2 ブックが見つからないか読めない、\n"
+               "                  3 PDFを書けない\n"
                "\n"
                "  estimate --help      この説明を表示します。\n"
                "  estimate --version   バージョンを表示します。\n"

@@ -14,6 +14,7 @@ void wireSubsystems(AppContext &context)
     wireIndices(context);
     wireReports(context);
     wirePrint(context);
+    wireCompare(context);
     wireMasters(context);
     wireSimple(context);
 }

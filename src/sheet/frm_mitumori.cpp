@@ -324,6 +324,7 @@ QWidget *FrmMitumori::buildButtons()
         {SheetButton::Simple, "cmdKani", "簡易見積"},
         {SheetButton::Sales, "cmdUriage", "売上げ"},
         {SheetButton::Print, "cmdPrint", "印刷"},
+        {SheetButton::Compare, "cmdHikaku", "比較"},
         {SheetButton::Save, "cmdSave", "ファイルの保存"},
         {SheetButton::End, "cmdEnd", "終了"},
     };

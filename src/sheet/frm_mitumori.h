@@ -31,6 +31,7 @@ enum class SheetButton {
     Simple,      // 簡易見積 [cmdKani]
     Sales,       // 売上げ [cmdUriage]
     Print,       // 印刷 [cmdPrint]
+    Compare,     // 比較 [cmdHikaku]
     Save,        // ファイルの保存 [cmdSave]
     End,         // 終了 [cmdEnd]
 };

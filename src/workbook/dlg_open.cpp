@@ -68,7 +68,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     m_dirs->setCurrentItem(root);
     showFolder(folder);
 
-    auto *buttons = new QDialogButtonBox(this);
+    auto *buttons = m_buttons = new QDialogButtonBox(this);
     QPushButton *ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
     ok->setObjectName(QStringLiteral("cmdOK"));
     QPushButton *cancel = buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole);
@@ -109,6 +109,19 @@ void DlgOpen::addPanel(QWidget *panel)
     panel->setParent(this);
     m_layout->insertWidget(0, panel, 1);
     resize(std::max(width(), panel->sizeHint().width() + 24), height() + panel->sizeHint().height());
+}
+
+QPushButton *DlgOpen::addButton(const QString &objectName, const QString &caption)
+{
+    QPushButton *button = m_buttons->addButton(caption, QDialogButtonBox::ActionRole);
+    button->setObjectName(objectName);
+    return button;
+}
+
+QString DlgOpen::selectedPath() const
+{
+    const QListWidgetItem *item = m_files->currentItem();
+    return item && item->isSelected() ? QDir(m_shown).filePath(item->text()) : QString();
 }
 
 bool DlgOpen::selectFile(const QString &relativeName)

@@ -9,6 +9,8 @@
 
 class QLabel;
 class QListWidget;
+class QPushButton;
+class QDialogButtonBox;
 class QVBoxLayout;
 class QTreeWidget;
 
@@ -31,6 +33,10 @@ public:
     bool selectFile(const QString &relativeName);
     // Puts a panel (a search over the estimates) above the folder and file lists.
     void addPanel(QWidget *panel);
+    // A further button beside OK and キャンセル.
+    QPushButton *addButton(const QString &objectName, const QString &caption);
+    // The full path of the file chosen in File1, empty when none is.
+    QString selectedPath() const;
 
 private:
     void showFolder(const QString &path);
@@ -43,6 +49,7 @@ private:
     QListWidget *m_files;
     QLabel *m_kind;
     QVBoxLayout *m_layout;
+    QDialogButtonBox *m_buttons;
 };
 
 } // namespace est::workbook
