@@ -83,20 +83,24 @@ TEST(DlgOpen, ListsXlsBesideXlsxAndShowsTheKind)
     EXPECT_EQ(loaded, QStringList{QStringLiteral("230105B.xls")});
 }
 
-TEST(OpenEstimate, AnXlsOpensAndIsSavedAsXlsxBesideIt)
+class XlsSaved : public ::testing::TestWithParam<test::XlsSample>
+{
+};
+
+TEST_P(XlsSaved, OpensAndIsSavedAsXlsxBesideIt)
 {
     struct
     {
         test::TempAppFolder folder;
         test::ScriptedMessages messages;
     } p;
-    const QString xls = placeSample(p.folder.path(), QStringLiteral("texts"), QStringLiteral("古い/230105古い.xls"));
+    const QString xls = placeSample(p.folder.path(), GetParam().name, QStringLiteral("古い/230105古い.xls"));
     const QByteArray before = fileBytes(xls);
     Session opened;
     ASSERT_TRUE(openEstimateWorkbook(opened, p.messages, p.folder.path(), QStringLiteral("古い/230105古い.xls")));
     EXPECT_EQ(test::storedFields(opened), [] {
         Session expected;
-        auto book = Workbook::fromBytes(estimateWorkbookBytes(test::templateBytes(), sampleSession(QStringLiteral("texts"))));
+        auto book = Workbook::fromBytes(estimateWorkbookBytes(test::templateBytes(), GetParam().session));
         readEstimate(*book, expected);
         return test::storedFields(expected);
     }());
@@ -123,6 +127,9 @@ TEST(OpenEstimate, AnXlsOpensAndIsSavedAsXlsxBesideIt)
     again.workbookPath = opened.workbookPath;
     EXPECT_EQ(test::storedFields(again), test::storedFields(opened));
 }
+
+INSTANTIATE_TEST_SUITE_P(Samples, XlsSaved, ::testing::ValuesIn(test::xlsSamples()),
+                         [](const ::testing::TestParamInfo<test::XlsSample> &info) { return info.param.name.toStdString(); });
 
 TEST(Program, ReopensAnXlsThroughTheScreens)
 {
