@@ -103,6 +103,8 @@ struct Session
     QString workbookPath;
     // The estimate's workbook file name, "<yymmdd><text>.xlsx" (file-name dialog or open dialog).
     QString fileName;
+    // Revision of the estimate: 1 for the first, 2 for "<name>_R2.xlsx" (修正2) and so on.
+    std::int16_t revision = 1;
 
     EstimateHeader header;
     QList<EstimateRow> rows;   // work rows; rows[0] is row number 1 on the sheet
@@ -140,5 +142,11 @@ struct Session
     // Simple estimate: work kind, vehicle classes and colour chosen last.
     SimpleEstimateState simple;
 };
+
+// "修正3" for a revised estimate (caption of the sheet, every printed page); empty for the first.
+inline QString revisionCaption(int revision)
+{
+    return revision > 1 ? QStringLiteral("修正%1").arg(revision) : QString();
+}
 
 } // namespace est

@@ -44,6 +44,7 @@ struct PrintDocument
     QString title;             // the document kind ("お見積書")
     bool invoice = false;      // an invoice kind: the qualified-invoice statements apply
     QString slipNumber;        // nine digits
+    QString revision;          // "修正2" on every page of a revised estimate, empty for the first
     QString date;              // era date as saved
     QString customerCompany;   // with "御中" printed after it
     QString customerName;
