@@ -90,7 +90,7 @@ TEST(CommandLine, TheHelpNamesEveryUseAndTheDataFolder)
 {
     const QString help = helpText(QStringLiteral("/home/shop/.local/share/EstimateApp"));
     for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--invoice-xml",
-                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME",
+                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
                              "/home/shop/.local/share/EstimateApp"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(word))) << word;
     EXPECT_TRUE(help.startsWith(versionText()));
