@@ -206,7 +206,9 @@ QString helpText(const QString &appFolder)
                "画面を開くときは Qt の標準オプション（-platform など）も使えます。\n"
                "\n"
                "データの置き場所（アプリケーションフォルダ）: %2\n"
-               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n")
+               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n"
+               "環境変数 ESTIMATE_DB に共有サーバー（PostgreSQL）の接続文字列を指定すると、\n"
+               "データベースをそのサーバーで使います（例: ESTIMATE_DB='host=/run/postgresql dbname=shop'）。\n")
         .arg(QStringLiteral(ESTIMATE_VERSION), QDir::toNativeSeparators(appFolder));
 }
 

@@ -2,6 +2,7 @@
 
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/transaction_guard.h"
 
 #include <QDir>
@@ -192,7 +193,7 @@ QString createMissingTables(QSqlDatabase &database, const QString &script, bool 
     for (const QString &statement : statements) {
         if (!missing.contains(statementTable(statement)) || (!withRows && insert.match(statement).hasMatch()))
             continue;
-        if (!query.exec(statement))
+        if (!query.exec(isServer(database) ? toServerStatement(statement) : statement))
             return query.lastError().text() + QStringLiteral("\n") + statement.left(200);
     }
     return {};

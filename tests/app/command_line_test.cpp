@@ -50,7 +50,20 @@ INSTANTIATE_TEST_SUITE_P(Cases, ParseTest, ::testing::Values(
     ParseCase{"estimate --pdf a.xlsx b.pdf --layout", CommandKind::Refused, "--layout には A か B"},
     ParseCase{"estimate --invoice-xml a.xlsx b.xml c.xml", CommandKind::Refused, "2つのパス"},
     ParseCase{"estimate --invoice-xml a.xlsx b.xml --copy", CommandKind::Refused, "不明なオプションです: --copy"},
-    ParseCase{"estimate --pdf --invoice-xml a b", CommandKind::Refused, "一緒に使えません"}));
+    ParseCase{"estimate --pdf --invoice-xml a b", CommandKind::Refused, "一緒に使えません"},
+    ParseCase{"estimate --compare old.xlsx new.xlsx diff.pdf", CommandKind::Compare, ""},
+    ParseCase{"estimate --compare old.xlsx new.xlsx", CommandKind::Refused, "3つのパス"},
+    ParseCase{"estimate --compare a b c --copy", CommandKind::Refused, "不明なオプションです: --copy"},
+    ParseCase{"estimate --compare a b c --pdf", CommandKind::Refused, "一緒に使えません"}));
+
+TEST(CommandLine, ReadsTheCompareRequest)
+{
+    const CommandLine line = parseCommandLine(split("estimate --compare old.xlsx new.xlsx diff.pdf"));
+    ASSERT_EQ(line.kind, CommandKind::Compare);
+    EXPECT_EQ(line.compare.before, QStringLiteral("old.xlsx"));
+    EXPECT_EQ(line.compare.after, QStringLiteral("new.xlsx"));
+    EXPECT_EQ(line.compare.output, QStringLiteral("diff.pdf"));
+}
 
 TEST(CommandLine, ReadsThePdfRequestInAnyOrder)
 {
@@ -77,7 +90,7 @@ TEST(CommandLine, TheHelpNamesEveryUseAndTheDataFolder)
 {
     const QString help = helpText(QStringLiteral("/home/shop/.local/share/EstimateApp"));
     for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--invoice-xml",
-                             "--replace", "--help", "--version", "ESTIMATE_APP_HOME",
+                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
                              "/home/shop/.local/share/EstimateApp"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(word))) << word;
     EXPECT_TRUE(help.startsWith(versionText()));

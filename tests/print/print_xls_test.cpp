@@ -1,6 +1,8 @@
 // `estimate --pdf` on an .xls estimate prints what the same estimate prints from the .xlsx it
 // was made from (the committed samples, tools/make-xls-samples): the same PDF text, page by page.
 
+#include "print/saved_estimate.h"
+#include "print/saved_state.h"
 #include "print_samples.h"
 #include "temp_app_folder.h"
 #include "xls_samples.h"
@@ -65,7 +67,23 @@ TEST_P(XlsPdf, PrintsTheSameTextAsTheXlsxItWasMadeFrom)
             << "page " << page;
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, XlsPdf, ::testing::Values("full", "kind3", "texts", "limits"));
+INSTANTIATE_TEST_SUITE_P(Samples, XlsPdf,
+                         ::testing::Values("full", "kind0", "kind1", "kind2", "kind3", "kind4", "kind5", "kind6",
+                                           "texts", "limits", "empty"));
+
+// Printing an estimate opened from an .xls asks to save only when it was changed: the .xls is
+// compared with the sheet like a workbook of ours.
+TEST(XlsSavedState, TheEstimateReadFromAnXlsIsTheSavedOne)
+{
+    const QString xls = QDir(test::xlsSampleFolder()).filePath(QStringLiteral("kind2.xls"));
+    QString error;
+    const auto saved = loadSavedEstimate(xls, &error);
+    ASSERT_TRUE(saved.has_value());
+    EXPECT_EQ(compareWithWorkbook(saved->session, xls), SavedState::Same);
+    Session changed = saved->session;
+    changed.header.customerName += QStringLiteral("様");
+    EXPECT_EQ(compareWithWorkbook(changed, xls), SavedState::Changed);
+}
 
 } // namespace
 } // namespace est::print

@@ -26,12 +26,6 @@ using namespace est::workbook;
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 // Copies a committed sample into Mitsumori under the name given.
 QString placeSample(const QString &appFolder, const QString &sample, const QString &name)
 {
@@ -83,20 +77,24 @@ TEST(DlgOpen, ListsXlsBesideXlsxAndShowsTheKind)
     EXPECT_EQ(loaded, QStringList{QStringLiteral("230105B.xls")});
 }
 
-TEST(OpenEstimate, AnXlsOpensAndIsSavedAsXlsxBesideIt)
+class XlsSaved : public ::testing::TestWithParam<test::XlsSample>
+{
+};
+
+TEST_P(XlsSaved, OpensAndIsSavedAsXlsxBesideIt)
 {
     struct
     {
         test::TempAppFolder folder;
         test::ScriptedMessages messages;
     } p;
-    const QString xls = placeSample(p.folder.path(), QStringLiteral("texts"), QStringLiteral("古い/230105古い.xls"));
-    const QByteArray before = fileBytes(xls);
+    const QString xls = placeSample(p.folder.path(), GetParam().name, QStringLiteral("古い/230105古い.xls"));
+    const QByteArray before = test::fileBytes(xls);
     Session opened;
     ASSERT_TRUE(openEstimateWorkbook(opened, p.messages, p.folder.path(), QStringLiteral("古い/230105古い.xls")));
     EXPECT_EQ(test::storedFields(opened), [] {
         Session expected;
-        auto book = Workbook::fromBytes(estimateWorkbookBytes(test::templateBytes(), sampleSession(QStringLiteral("texts"))));
+        auto book = Workbook::fromBytes(estimateWorkbookBytes(test::templateBytes(), GetParam().session));
         readEstimate(*book, expected);
         return test::storedFields(expected);
     }());
@@ -113,7 +111,7 @@ TEST(OpenEstimate, AnXlsOpensAndIsSavedAsXlsxBesideIt)
     EXPECT_EQ(notices.count(kSavedAsXlsxNotice), 1) << notices.join(QLatin1Char('|')).toStdString();
     EXPECT_EQ(opened.fileName, QStringLiteral("古い/230105古い.xlsx"));
     const QString xlsx = QDir(estimatesFolder(p.folder.path())).filePath(QStringLiteral("古い/230105古い.xlsx"));
-    EXPECT_EQ(fileBytes(xls), before);
+    EXPECT_EQ(test::fileBytes(xls), before);
 
     // The .xlsx round-trips: it holds what the .xls held.
     Session again;
@@ -123,6 +121,9 @@ TEST(OpenEstimate, AnXlsOpensAndIsSavedAsXlsxBesideIt)
     again.workbookPath = opened.workbookPath;
     EXPECT_EQ(test::storedFields(again), test::storedFields(opened));
 }
+
+INSTANTIATE_TEST_SUITE_P(Samples, XlsSaved, ::testing::ValuesIn(test::xlsSamples()),
+                         [](const ::testing::TestParamInfo<test::XlsSample> &info) { return info.param.name.toStdString(); });
 
 TEST(Program, ReopensAnXlsThroughTheScreens)
 {
