@@ -112,8 +112,12 @@ void writeHeader(Worksheet &d, const Session &s)
     d.setText(1, Q, h.colour);
     d.setInt16(1, R, s.paintLabourRate);
     d.setText(1, S, h.engine);
-    // The revision has a cell of its own, apart from the header the print sheets read.
-    d.setInt16(1, U, s.revision);
+    // The revision has a cell of its own, apart from the header the print sheets read; a
+    // first estimate leaves it empty, so its workbook is the same as before revisions were.
+    if (s.revision > 1)
+        d.setInt16(1, U, s.revision);
+    else if (!std::holds_alternative<std::monostate>(d.value(1, U)))
+        d.setText(1, U, QString());
 
     d.setInt16(2, A, clampedInt16(std::min(s.rows.size(), qsizetype(kMaxEstimateRows)) - 1));
     d.setInt32(2, B, s.totals.labour);

@@ -32,8 +32,9 @@ TEST_P(RevisionNames, ReadTheBaseAndTheRevision)
     EXPECT_EQ(r.revision, GetParam().revision);
     // Revisions are written as .xlsx; an .xls revision reads but is not a name we make.
     const QString file = QString::fromUtf8(GetParam().file);
-    if (r.revision > 1 && file.endsWith(QLatin1String(".xlsx")))
+    if (r.revision > 1 && file.endsWith(QLatin1String(".xlsx"))) {
         EXPECT_EQ(revisionFileName(r.base, r.revision), file);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, RevisionNames,
@@ -105,6 +106,13 @@ TEST(RevisionCell, IsSavedAndReadBackAndAbsentMeansTheFirst)
     first.revision = 5;
     readEstimate(*again, first);
     EXPECT_EQ(first.revision, 1);
+
+    // A first estimate saved over a revised workbook leaves the cell without a number.
+    writeEstimate(*again, first);
+    EXPECT_EQ(cellInt16(again->cells(QStringLiteral("D"))->value(1, 21)), std::nullopt);
+    auto fresh = Workbook::fromBytes(test::templateBytes());
+    writeEstimate(*fresh, test::fullEstimate());
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(fresh->cells(QStringLiteral("D"))->value(1, 21)));
 }
 
 } // namespace
