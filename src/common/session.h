@@ -8,6 +8,7 @@
 #include "common/paint_state.h"
 #include "common/simple_state.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -84,6 +85,17 @@ struct NonTaxableItems
     bool present = false;
 };
 
+// A photo of the damage kept with the estimate: the image as stored (JPEG or PNG, upright,
+// its long side at most 1,600 pixels) and its caption.
+struct EstimatePhoto
+{
+    QByteArray image;
+    QString caption;
+    bool operator==(const EstimatePhoto &) const = default;
+};
+inline constexpr int kMaxPhotos = 60;
+inline constexpr int kMaxPhotoSide = 1600;
+
 struct Session
 {
     SheetState sheetState = SheetState::NotStarted;
@@ -141,6 +153,9 @@ struct Session
 
     // Simple estimate: work kind, vehicle classes and colour chosen last.
     SimpleEstimateState simple;
+
+    // Photos of the damage, in their order (sheet "写真" of the workbook).
+    QList<EstimatePhoto> photos;
 };
 
 // "修正3" for a revised estimate (caption of the sheet, every printed page); empty for the first.

@@ -1,0 +1,47 @@
+#include "photos/photo_album.h"
+
+#include "photos/photo_import.h"
+
+#include <QFileInfo>
+
+namespace est::photos {
+
+AddOutcome addPhotos(QList<EstimatePhoto> &photos, const QStringList &paths, const std::function<void(int, int)> &progress)
+{
+    AddOutcome outcome;
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        if (photos.size() >= kMaxPhotos) {
+            outcome.leftOut = int(paths.size() - i);
+            break;
+        }
+        if (std::optional<EstimatePhoto> photo = importPhoto(paths[i])) {
+            photos.append(std::move(*photo));
+            ++outcome.added;
+        } else {
+            outcome.refused.append(QFileInfo(paths[i]).fileName());
+        }
+        if (progress)
+            progress(int(i + 1), int(paths.size()));
+    }
+    return outcome;
+}
+
+QString outcomeMessage(const AddOutcome &outcome)
+{
+    QStringList lines;
+    for (const QString &name : outcome.refused)
+        lines.append(name + QStringLiteral("\n") + kUnreadablePhoto);
+    if (outcome.leftOut > 0)
+        lines.append(QStringLiteral("写真は1つの見積に%1枚までです。%2枚は追加しませんでした。").arg(kMaxPhotos).arg(outcome.leftOut));
+    return lines.join(QStringLiteral("\n\n"));
+}
+
+bool movePhoto(QList<EstimatePhoto> &photos, int from, int to)
+{
+    if (from == to || from < 0 || to < 0 || from >= photos.size() || to >= photos.size())
+        return false;
+    photos.move(from, to);
+    return true;
+}
+
+} // namespace est::photos
