@@ -325,6 +325,7 @@ QWidget *FrmMitumori::buildButtons()
         {SheetButton::Sales, "cmdUriage", "売上げ"},
         {SheetButton::Print, "cmdPrint", "印刷"},
         {SheetButton::Revise, "cmdRevise", "修正見積"},
+        {SheetButton::Photo, "cmdPhoto", "写真"},
         {SheetButton::Compare, "cmdHikaku", "比較"},
         {SheetButton::Save, "cmdSave", "ファイルの保存"},
         {SheetButton::End, "cmdEnd", "終了"},

@@ -33,6 +33,7 @@ enum class SheetButton {
     Print,       // 印刷 [cmdPrint]
     Compare,     // 比較 [cmdHikaku]
     Revise,      // 修正見積 [cmdRevise]
+    Photo,       // 写真 [cmdPhoto]
     Save,        // ファイルの保存 [cmdSave]
     End,         // 終了 [cmdEnd]
 };
