@@ -95,6 +95,9 @@ struct EstimatePhoto
 };
 inline constexpr int kMaxPhotos = 60;
 inline constexpr int kMaxPhotoSide = 1600;
+// The stored photos of one estimate together, so that its workbook stays within what a
+// workbook may be (about 100 photos' worth; 60 camera photos take 15 to 30 MB).
+inline constexpr qsizetype kMaxPhotoBytes = 40 * 1024 * 1024;
 
 struct Session
 {

@@ -1,6 +1,6 @@
 #pragma once
-// The estimate's photos as the screen changes them: adding files (at most kMaxPhotos, the
-// unreadable ones refused by name), moving and removing.
+// The estimate's photos as the screen changes them: adding files (at most kMaxPhotos and
+// kMaxPhotoBytes together, the unreadable ones refused by name), moving and removing.
 
 #include "common/session.h"
 
@@ -15,6 +15,7 @@ struct AddOutcome
     int added = 0;
     QStringList refused;   // file names that are not a readable JPEG or PNG
     int leftOut = 0;       // files not added because the estimate has kMaxPhotos
+    int tooMuch = 0;       // files not added because the photos would pass kMaxPhotoBytes
 };
 
 // Adds the files in order after the photos there are; progress(done, total) after each file.

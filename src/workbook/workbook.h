@@ -77,9 +77,9 @@ inline constexpr qsizetype kMaxNumberText = 64;
 // that would exceed them is inflated or parsed.
 struct Limits
 {
-    qint64 maxFileBytes = 64 * 1024 * 1024;      // the whole package (an estimate with its photos)
+    qint64 maxFileBytes = 48 * 1024 * 1024;      // the whole package (an estimate with its photos)
     qint64 maxPartBytes = 8 * 1024 * 1024;       // one inflated part
-    qint64 maxInflatedBytes = 96 * 1024 * 1024;  // all parts inflated, together
+    qint64 maxInflatedBytes = 64 * 1024 * 1024;  // all parts inflated, together
     qint64 maxParsedBytes = 64 * 1024 * 1024;    // memory of all parsed parts together (estimated
                                                  // from their text before parsing)
     int maxEntries = 2000;                        // parts in the package

@@ -130,6 +130,21 @@ TEST(PhotoAlbum, AddsUpToTheLimitAndNamesWhatItRefuses)
     EXPECT_EQ(outcomeMessage(AddOutcome{3, {}, 0}), QString());
 }
 
+TEST(PhotoAlbum, StopsWhereThePhotosWouldPassTheirTotalSize)
+{
+    QTemporaryDir dir;
+    const QString a = fileIn(dir, "a.jpg"), b = fileIn(dir, "b.jpg");
+    test::writePhoto(a, 16, 12, Qt::red);
+    test::writePhoto(b, 16, 12, Qt::blue);
+    // What is there leaves room for less than one more photo.
+    QList<EstimatePhoto> photos{{QByteArray(kMaxPhotoBytes - 100, 'x'), QString()}};
+    const AddOutcome outcome = addPhotos(photos, {a, b});
+    EXPECT_EQ(outcome.added, 0);
+    EXPECT_EQ(outcome.tooMuch, 2);
+    EXPECT_EQ(photos.size(), 1);
+    EXPECT_EQ(outcomeMessage(outcome), QStringLiteral("写真の合計が大きすぎます（40 MBまで）。2枚は追加しませんでした。"));
+}
+
 TEST(PhotoAlbum, MovesWithinTheList)
 {
     QList<EstimatePhoto> photos{{{}, "1"}, {{}, "2"}, {{}, "3"}};

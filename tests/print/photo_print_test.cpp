@@ -2,6 +2,7 @@
 // photo pages after the estimate, four to a page with "写真N" and the caption, or one large.
 
 #include "print/dlg_print.h"
+#include "print/saved_state.h"
 #include "print_samples.h"
 #include "sample_photos.h"
 #include "scripted_messages.h"
@@ -87,6 +88,18 @@ INSTANTIATE_TEST_SUITE_P(Runs, PhotoPdf,
                          ::testing::Values(PhotoRun{"none", "", 0}, PhotoRun{"fourToAPage", "--photos", 2},
                                            PhotoRun{"oneLarge", "--photos-large", 6}),
                          [](const auto &info) { return std::string(info.param.name); });
+
+TEST_F(PhotoPdf, AChangedPhotoIsAnUnsavedChange)
+{
+    Session s = test::handEstimate(1);
+    s.photos.append({test::photoBytes(40, 30, Qt::red), QStringLiteral("前")});
+    const QString book = test::saveWorkbook(s, m_dir.path(), QStringLiteral("240105変更.xlsx"));
+    EXPECT_EQ(compareWithWorkbook(s, book), SavedState::Same);
+    s.photos[0].caption = QStringLiteral("後");
+    EXPECT_EQ(compareWithWorkbook(s, book), SavedState::Changed);
+    s.photos.clear();
+    EXPECT_EQ(compareWithWorkbook(s, book), SavedState::Changed);
+}
 
 TEST(DlgPrintPhotos, TheFormCountsOnlyWhenPhotosAreTicked)
 {
