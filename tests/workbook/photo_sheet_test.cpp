@@ -2,6 +2,7 @@
 // their captions, leaves every other part as it was, is bounded against hostile workbooks,
 // and LibreOffice shows its pictures.
 
+#include "hostile_workbooks.h"
 #include "office_convert.h"
 #include "package_builder.h"
 #include "sample_estimate.h"
@@ -191,6 +192,18 @@ TEST(PhotoSheet, SixtyOfOnePictureAreRead)
     const QList<EstimatePhoto> photos = readPhotos(*book);
     ASSERT_EQ(photos.size(), kMaxPhotos);
     EXPECT_EQ(photos.last().image, s.photos[0].image);
+}
+
+TEST(PhotoSheet, SixtyPhotosFillingThePackageToItsLimitAreRead)
+{
+    const QByteArray bytes = test::photoSheetAtTheLimitsWorkbook();
+    EXPECT_GT(bytes.size(), Limits{}.maxFileBytes - 1024 * 1024);
+    auto book = Workbook::fromBytes(bytes);
+    Session s;
+    readEstimate(*book, s);
+    const QList<EstimatePhoto> photos = readPhotos(*book);
+    ASSERT_EQ(photos.size(), kMaxPhotos);
+    EXPECT_TRUE(photos.last().image.endsWith('h'));   // the 60th picture, 'a' + 59 % 26
 }
 
 TEST(PhotoSheet, LibreOfficeShowsThePictures)
