@@ -50,7 +50,8 @@ private:
             c.text(x, y, w, imageHeight, QStringLiteral("（この写真は表示できません）"), c.font(9), Qt::AlignCenter);
         } else {
             QSizeF shown = QSizeF(image.size()).scaled(w, imageHeight, Qt::KeepAspectRatio);
-            c.painter().drawImage(c.rect(x + (w - shown.width()) / 2, y + (imageHeight - shown.height()) / 2,
+            // Each picture stands on its caption.
+            c.painter().drawImage(c.rect(x + (w - shown.width()) / 2, y + imageHeight - shown.height(),
                                          shown.width(), shown.height()),
                                   image);
         }

@@ -31,10 +31,12 @@ protected:
     {
         if (!test::havePdfTools())
             GTEST_SKIP() << "poppler-utils not installed";
+        // ESTIMATE_KEEP_PDF keeps the workbook and the PDFs, for looking at them.
+        m_dir.setAutoRemove(qEnvironmentVariableIsEmpty("ESTIMATE_KEEP_PDF"));
         Session s = test::handEstimate(1);
         const QColor colours[] = {Qt::red, Qt::green, Qt::blue, Qt::yellow, Qt::cyan, Qt::magenta};
         for (int i = 0; i < 6; ++i)
-            s.photos.append({test::photoBytes(120 + 10 * i, 90, colours[i]), QStringLiteral("損傷箇所%1").arg(i + 1)});
+            s.photos.append({test::photoBytes(i == 2 ? 90 : 160, 120, colours[i]), QStringLiteral("損傷箇所%1").arg(i + 1)});
         m_book = test::saveWorkbook(s, m_dir.path(), QStringLiteral("240105写真.xlsx"));
     }
 
