@@ -1,6 +1,7 @@
 #include "photos/photo_import.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QImageWriter>
@@ -45,6 +46,50 @@ QImage readScaled(QImageReader &reader, int maxSide)
     return image;
 }
 
+int bigEndian16(const QByteArray &b, int at)
+{
+    return (int(quint8(b[at])) << 8) | int(quint8(b[at + 1]));
+}
+
+// A JPEG cut short (copied off a phone halfway) still decodes, grey below the cut: it is
+// whole only with an end-of-image marker after the start of its scan. Inside the scan every
+// 0xFF byte is followed by 0 or a restart marker, so the end marker cannot be mistaken.
+bool jpegIsWhole(QFile &file)
+{
+    qint64 at = 2;
+    qint64 scan = -1;
+    for (int segments = 0; segments < 4096 && scan < 0; ++segments) {
+        if (!file.seek(at))
+            return false;
+        const QByteArray head = file.read(4);
+        if (head.size() < 2 || quint8(head[0]) != 0xFF)
+            return false;
+        const int marker = quint8(head[1]);
+        if (marker == 0xDA)
+            scan = at;
+        else if (marker == 0xFF)
+            at += 1;
+        else if (marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7))
+            at += 2;
+        else if (head.size() == 4)
+            at += 2 + bigEndian16(head, 2);
+        else
+            return false;
+    }
+    if (scan < 0 || !file.seek(scan + 2))
+        return false;
+    char previous = 0;
+    while (!file.atEnd()) {
+        const QByteArray chunk = file.read(1 << 20);
+        if (chunk.isEmpty())
+            return false;
+        if ((previous == '\xFF' && chunk[0] == '\xD9') || chunk.contains("\xFF\xD9"))
+            return true;
+        previous = chunk.back();
+    }
+    return false;
+}
+
 QString exifText(ExifData *data, ExifIfd ifd, ExifTag tag)
 {
     ExifEntry *entry = exif_content_get_entry(data->ifd[ifd], tag);
@@ -78,7 +123,13 @@ QString dateCaption(const QDateTime &when)
 
 std::optional<EstimatePhoto> importPhoto(const QString &path)
 {
-    QImageReader reader(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    if (file.peek(2) == "\xFF\xD8" && !jpegIsWhole(file))
+        return std::nullopt;
+    file.seek(0);
+    QImageReader reader(&file);
     const QImage image = readScaled(reader, kMaxPhotoSide);
     if (image.isNull())
         return std::nullopt;

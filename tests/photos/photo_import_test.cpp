@@ -76,6 +76,12 @@ INSTANTIATE_TEST_SUITE_P(
                        writeBytes(p, b.left(4) + QByteArray(b.size() - 4, '\x55'));
                    },
                    QSize()},
+        ImportCase{"cutJpeg", "k.jpg",
+                   [](const QString &p) {
+                       const QByteArray b = test::photoBytes(640, 480, Qt::red);
+                       writeBytes(p, b.left(b.size() / 2));
+                   },
+                   QSize()},
         ImportCase{"empty", "h.jpg", [](const QString &p) { writeBytes(p, QByteArray()); }, QSize()},
         ImportCase{"missing", "nothing.jpg", [](const QString &) {}, QSize()}),
     [](const auto &info) { return std::string(info.param.name); });
