@@ -96,6 +96,10 @@ CommandLine parsePdf(const QStringList &args)
             options.paintSheet = true;
         } else if (a == QLatin1String("--sub")) {
             options.subSheet = true;
+        } else if (a == QLatin1String("--photos")) {
+            options.photos = print::PhotoPages::Four;
+        } else if (a == QLatin1String("--photos-large")) {
+            options.photos = print::PhotoPages::One;
         } else {
             return false;
         }
@@ -181,11 +185,14 @@ QString helpText(const QString &appFolder)
                "      見積書作成の画面を開きます。\n"
                "\n"
                "  estimate --pdf ブック 出力.pdf [--layout A|B] [--copy] [--paint] [--sub]\n"
+               "                [--photos | --photos-large]\n"
                "      保存した見積ブックを、画面を開かずにPDFにします。\n"
                "        --layout A|B  レイアウトA（明細のあとに合計）かB（合計が先）。省略時はA\n"
                "        --copy        控えも出力する\n"
                "        --paint       塗装明細も出力する\n"
                "        --sub         指数明細も出力する\n"
+               "        --photos      写真も出力する（1ページに4枚、説明付き）\n"
+               "        --photos-large 写真を1ページに1枚ずつ大きく出力する\n"
                "      終了コード: 0 完了、1 引数の誤り、2 ブックが見つからないか読めない、\n"
                "                  3 PDFを書けない\n"
                "\n"
@@ -206,7 +213,9 @@ QString helpText(const QString &appFolder)
                "画面を開くときは Qt の標準オプション（-platform など）も使えます。\n"
                "\n"
                "データの置き場所（アプリケーションフォルダ）: %2\n"
-               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n")
+               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n"
+               "環境変数 ESTIMATE_DB に共有サーバー（PostgreSQL）の接続文字列を指定すると、\n"
+               "データベースをそのサーバーで使います（例: ESTIMATE_DB='host=/run/postgresql dbname=shop'）。\n")
         .arg(QStringLiteral(ESTIMATE_VERSION), QDir::toNativeSeparators(appFolder));
 }
 

@@ -15,6 +15,7 @@ void wireSubsystems(AppContext &context)
     wireReports(context);
     wirePrint(context);
     wireCompare(context);
+    wirePhotos(context);
     wireMasters(context);
     wireSimple(context);
 }

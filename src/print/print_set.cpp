@@ -17,6 +17,8 @@ PrintSet::PrintSet(const PrintDocument &doc, const PrintOptions &options) : m_do
         m_sheets.push_back(makePaintSheet(doc, options.layout == Layout::B));
     if (options.subSheet)
         m_sheets.push_back(makeSubSheet(doc));
+    if (options.photos != PhotoPages::None && !doc.photos.isEmpty())
+        m_sheets.push_back(makePhotoSheet(doc, options.photos == PhotoPages::One));
 }
 
 PrintSet::~PrintSet() = default;

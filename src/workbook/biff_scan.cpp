@@ -1,5 +1,6 @@
 #include "workbook/biff_scan.h"
 
+#include "workbook/xls_bytes.h"
 #include "workbook/xml_part.h"
 
 #include <QSet>
@@ -43,16 +44,6 @@ constexpr quint32 kMaxColumns = 256;
 // FreeXL turns a date-formatted number into a date by counting days one at a time;
 // 31 December 9999 is the last date a spreadsheet shows.
 constexpr double kLastDate = 2958465.0;
-
-quint16 u16(const char *p)
-{
-    return quint16(quint8(p[0]) | quint8(p[1]) << 8);
-}
-
-quint32 u32(const char *p)
-{
-    return quint32(u16(p)) | quint32(u16(p + 2)) << 16;
-}
 
 double f64(const char *p)
 {

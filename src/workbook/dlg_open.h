@@ -1,12 +1,14 @@
 #pragma once
-// dlgOpen: the folders (Dir1) and workbooks (File1, .xlsx and .xls alike, the chosen one's
-// kind in lblKind) of the estimates folder; OK or choosing a file loads the estimate through
+// dlgOpen: the folders (Dir1) and workbooks (File1, .xlsx and .xls alike, an estimate's
+// revisions as one entry whose revision is chosen in cboRevision, the newest by default; the
+// chosen one's kind in lblKind) of the estimates folder; OK or choosing a file loads the estimate through
 // the loader the caller passes in.
 
 #include "uikit/guarded_dialog.h"
 
 #include <functional>
 
+class QComboBox;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -41,6 +43,10 @@ public:
 private:
     void showFolder(const QString &path);
     void showKind();
+    // cboRevision: the revisions of the estimate chosen in File1, the newest first.
+    void showRevisions();
+    // The file to open: the revision chosen of the estimate chosen; empty when none is.
+    QString chosenName() const;
 
     Loader m_loader;
     QString m_root;
@@ -48,6 +54,7 @@ private:
     QTreeWidget *m_dirs;
     QListWidget *m_files;
     QLabel *m_kind;
+    QComboBox *m_revisions;
     QVBoxLayout *m_layout;
     QDialogButtonBox *m_buttons;
 };

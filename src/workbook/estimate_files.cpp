@@ -4,6 +4,7 @@
 #include "workbook/atomic_file.h"
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 #include "workbook/print_fit.h"
 #include "workbook/xls_book.h"
 
@@ -118,6 +119,7 @@ namespace {
 QByteArray buildEstimateWorkbook(std::unique_ptr<Workbook> book, const Session &session, const SaveFault &fault)
 {
     writeEstimate(*book, session);
+    writePhotos(*book, session.photos);
     fitPrintSheets(*book, session);
     // A template saved by a spreadsheet program keeps the results of its last
     // calculation; without them the print sheets show this estimate's values.
@@ -220,6 +222,7 @@ bool openEstimateWorkbook(Session &session, Messages &messages, const QString &a
         auto book = openForReading(path);
         Session read = session;
         readEstimate(*book, read);
+        read.photos = readPhotosOf(*book);
         read.fileName = fileName;
         read.workbookPath = path;
         session = std::move(read);

@@ -75,6 +75,10 @@ TEST(CommandLine, ReadsThePdfRequestInAnyOrder)
     EXPECT_TRUE(line.pdf.options.shopCopy);
     EXPECT_FALSE(line.pdf.options.paintSheet);
     EXPECT_TRUE(line.pdf.options.subSheet);
+    EXPECT_EQ(line.pdf.options.photos, print::PhotoPages::None);
+    EXPECT_EQ(parseCommandLine(split("estimate --pdf in.xlsx out.pdf --photos")).pdf.options.photos, print::PhotoPages::Four);
+    EXPECT_EQ(parseCommandLine(split("estimate --photos-large --pdf in.xlsx out.pdf")).pdf.options.photos,
+              print::PhotoPages::One);
 }
 
 TEST(CommandLine, ReadsTheInvoiceRequest)
@@ -89,8 +93,8 @@ TEST(CommandLine, ReadsTheInvoiceRequest)
 TEST(CommandLine, TheHelpNamesEveryUseAndTheDataFolder)
 {
     const QString help = helpText(QStringLiteral("/home/shop/.local/share/EstimateApp"));
-    for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--invoice-xml",
-                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME",
+    for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--photos", "--photos-large", "--invoice-xml",
+                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
                              "/home/shop/.local/share/EstimateApp"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(word))) << word;
     EXPECT_TRUE(help.startsWith(versionText()));

@@ -81,6 +81,23 @@ TEST_F(CompareCommand, SaysWhenNothingChanged)
     EXPECT_TRUE(test::squeezed(text).contains(QStringLiteral("請求金額151,470151,4700")));
 }
 
+TEST_F(CompareCommand, EveryPrintedPageOfARevisionShowsIt)
+{
+    Session revised = test::fullPrintEstimate();
+    revised.revision = 2;
+    const QString book = test::saveWorkbook(revised, m_dir.path(), QStringLiteral("240112B_R2.xlsx"));
+    const QString pdf = m_dir.filePath(QStringLiteral("revised.pdf"));
+    ASSERT_EQ(test::runProgram(QStringLiteral(ESTIMATE_PROGRAM), {QStringLiteral("--pdf"), book, pdf}, m_app.path()), 0);
+    const int pages = test::pdfPages(pdf);
+    ASSERT_GT(pages, 1);
+    for (int page = 1; page <= pages; ++page)
+        EXPECT_TRUE(test::pdfText(pdf, page).contains(QStringLiteral("修正2"))) << page;
+    // The first revision carries no mark.
+    const QString plain = m_dir.filePath(QStringLiteral("first.pdf"));
+    ASSERT_EQ(test::runProgram(QStringLiteral(ESTIMATE_PROGRAM), {QStringLiteral("--pdf"), m_before, plain}, m_app.path()), 0);
+    EXPECT_FALSE(test::pdfText(plain).contains(QStringLiteral("修正")));
+}
+
 struct Failure
 {
     const char *name;

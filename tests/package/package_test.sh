@@ -50,7 +50,7 @@ check "the desktop entry has an English comment" grep -q '^Comment=[A-Za-z]' "$d
 
 # Dependencies: computed ones and those loaded at run time.
 depends=$(dpkg-deb -f "$deb" Depends)
-for package in libc6 libqt6widgets6 libqt6sql6 libzip4 fonts-noto-cjk qt6-translations-l10n libqt6sql6-sqlite; do
+for package in libc6 libqt6widgets6 libqt6sql6 libzip4 fonts-noto-cjk qt6-translations-l10n libqt6sql6-sqlite libqt6sql6-psql; do
   check "the package depends on $package" sh -c "echo '$depends' | grep -qE '(^|, )$package( |,|\$)'"
 done
 

@@ -29,12 +29,6 @@ using namespace est::reports;
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 void copySample(const QString &sample, const QString &target)
 {
     QDir().mkpath(QFileInfo(target).path());
@@ -46,7 +40,7 @@ void writeBroken(const QString &target)
     QDir().mkpath(QFileInfo(target).path());
     QFile f(target);
     f.open(QIODevice::WriteOnly);
-    f.write(fileBytes(QDir(test::xlsSampleFolder()).filePath(QStringLiteral("kind1.xls"))).left(5000));
+    f.write(test::fileBytes(QDir(test::xlsSampleFolder()).filePath(QStringLiteral("kind1.xls"))).left(5000));
 }
 
 Session sampleSession(const QString &name)
@@ -147,7 +141,7 @@ TEST_P(Conversion, ConvertsSkipsAndListsFailuresDeletingNothing)
     writeBroken(at(QStringLiteral("2019/190107壊れ.xls")));
     const QStringList files = legacyEstimatesBelow(old.path());
     EXPECT_EQ(files, (QStringList{"190106B.xls", "2019/190105A.xls", "2019/190107壊れ.xls"}));
-    const QByteArray before = fileBytes(at(QStringLiteral("2019/190105A.xls")));
+    const QByteArray before = test::fileBytes(at(QStringLiteral("2019/190105A.xls")));
 
     QList<int> steps;
     const ConversionOutcome outcome = convertLegacyEstimates(old.path(), files, GetParam().place, app.path(),
@@ -166,15 +160,15 @@ TEST_P(Conversion, ConvertsSkipsAndListsFailuresDeletingNothing)
                                ? at(QString::fromUtf8(GetParam().target))
                                : QDir(workbook::estimatesFolder(app.path())).filePath(QString::fromUtf8(GetParam().target));
     EXPECT_EQ(fieldsOf(target), savedFields(sampleSession(QStringLiteral("kind2"))));
-    EXPECT_EQ(fileBytes(at(QStringLiteral("2019/190105A.xls"))), before);
+    EXPECT_EQ(test::fileBytes(at(QStringLiteral("2019/190105A.xls"))), before);
 
     // Again: the converted ones are skipped and keep their .xlsx as it is.
-    const QByteArray converted = fileBytes(target);
+    const QByteArray converted = test::fileBytes(target);
     const ConversionOutcome again = convertLegacyEstimates(old.path(), files, GetParam().place, app.path());
     EXPECT_EQ(again.converted, 0);
     EXPECT_EQ(again.skipped, 2);
     EXPECT_EQ(again.failures.size(), 1);
-    EXPECT_EQ(fileBytes(target), converted);
+    EXPECT_EQ(test::fileBytes(target), converted);
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, Conversion,

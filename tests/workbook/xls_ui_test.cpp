@@ -26,12 +26,6 @@ using namespace est::workbook;
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 // Copies a committed sample into Mitsumori under the name given.
 QString placeSample(const QString &appFolder, const QString &sample, const QString &name)
 {
@@ -95,7 +89,7 @@ TEST_P(XlsSaved, OpensAndIsSavedAsXlsxBesideIt)
         test::ScriptedMessages messages;
     } p;
     const QString xls = placeSample(p.folder.path(), GetParam().name, QStringLiteral("古い/230105古い.xls"));
-    const QByteArray before = fileBytes(xls);
+    const QByteArray before = test::fileBytes(xls);
     Session opened;
     ASSERT_TRUE(openEstimateWorkbook(opened, p.messages, p.folder.path(), QStringLiteral("古い/230105古い.xls")));
     EXPECT_EQ(test::storedFields(opened), [] {
@@ -117,7 +111,7 @@ TEST_P(XlsSaved, OpensAndIsSavedAsXlsxBesideIt)
     EXPECT_EQ(notices.count(kSavedAsXlsxNotice), 1) << notices.join(QLatin1Char('|')).toStdString();
     EXPECT_EQ(opened.fileName, QStringLiteral("古い/230105古い.xlsx"));
     const QString xlsx = QDir(estimatesFolder(p.folder.path())).filePath(QStringLiteral("古い/230105古い.xlsx"));
-    EXPECT_EQ(fileBytes(xls), before);
+    EXPECT_EQ(test::fileBytes(xls), before);
 
     // The .xlsx round-trips: it holds what the .xls held.
     Session again;
