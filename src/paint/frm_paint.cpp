@@ -1,84 +1,21 @@
-#include "paint/frm_paint.h"
+#include "paint/frm_paint_widgets.h"
 
 #include "common/number_format.h"
 #include "paint/dlg_naiban.h"
 #include "paint/dlg_tinpei.h"
-#include "uikit/key_filter.h"
-#include "uikit/named.h"
 #include "workitems/labour.h"
-#include "workitems/numeric_keys.h"
-#include "workitems/text_box.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableWidget>
-#include <QVBoxLayout>
 
 namespace est::paint {
 
-using ui::named;
-
-struct FrmPaint::Widgets
-{
-    QLabel *lbl1, *lbl2, *lbl3, *lbl4, *lbl5, *lblSyasyu, *lblKsu, *lblKKihonSisu, *lblKouZairyo;
-    QLineEdit *txtRato;
-    QTableWidget *HFLg1, *HFlg2, *HFlg3;
-    QLineEdit *txtBuimei, *txtKisoSisu, *txt2Solid, *txtTInpei, *txtSisu, *txtZairyo;
-    QComboBox *cboMai, *cboToryo;
-    QLabel *lblKiso, *lbl2SolidSum, *lblTinpeiSum, *lblTKei;
-    QCheckBox *chk2s, *chkT, *chkZ;
-    QPushButton *cmdR2, *cmdNotR2, *cmdRTei, *cmdNotRTei, *cmdTInpei, *cmdKoukino, *cmdNaiban;
-    QPushButton *cmdAdd, *cmdInsRow, *cmdEdit, *cmdECancel, *cmdDel, *cmdBumpa, *cmdFuka, *cmdOK, *cmdCancel;
-    QLabel *lblTSum, *lblKKSisuSum, *lblFukaSum, *lblBumpaSum, *lblZSum, *lblSSum;
-};
-
 namespace {
-
-QLabel *valueLabel(QWidget *parent, const char *name, int width = 80)
-{
-    auto *label = named(new QLabel(parent), name);
-    label->setFrameShape(QFrame::Panel);
-    label->setFrameShadow(QFrame::Sunken);
-    label->setMinimumWidth(width);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return label;
-}
-
-QLineEdit *numberBox(QWidget *parent, const char *name, Messages &messages, bool point = true)
-{
-    auto *box = named(new QLineEdit(parent), name);
-    box->setAlignment(Qt::AlignRight);
-    box->setMaximumWidth(80);
-    new ui::KeyFilter(box, workitems::numericKeyRule(point), messages);
-    workitems::selectAllOnFocus(box);
-    return box;
-}
-
-QPushButton *button(QWidget *parent, const char *name, const char *caption)
-{
-    return named(new QPushButton(QString::fromUtf8(caption), parent), name);
-}
-
-QTableWidget *grid(QWidget *parent, const char *name, const QStringList &headers)
-{
-    auto *g = named(new QTableWidget(0, int(headers.size()), parent), name);
-    g->setHorizontalHeaderLabels(headers);
-    g->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    g->setSelectionBehavior(QAbstractItemView::SelectRows);
-    g->setSelectionMode(QAbstractItemView::SingleSelection);
-    g->verticalHeader()->setVisible(false);
-    g->verticalHeader()->setDefaultSectionSize(22);
-    g->horizontalHeader()->setStretchLastSection(true);
-    return g;
-}
 
 void setRow(QTableWidget *g, int row, const QStringList &cells, int rightFrom)
 {
@@ -136,156 +73,13 @@ FrmPaint::~FrmPaint()
 QPushButton *FrmPaint::bumperButton() const { return m_w->cmdBumpa; }
 QPushButton *FrmPaint::additionalButton() const { return m_w->cmdFuka; }
 
-void FrmPaint::buildUi()
-{
-    Widgets &w = *m_w;
-    Messages &msg = messages();
-    auto *layout = new QVBoxLayout(this);
-
-    // The vehicle and the values looked up for it.
-    auto *vehicle = new QGroupBox(QStringLiteral("車両"), this);
-    auto *vl = new QGridLayout(vehicle);
-    int col = 0;
-    auto put = [&](const char *caption, QWidget *field) {
-        vl->addWidget(new QLabel(QString::fromUtf8(caption), vehicle), col / 12, col % 12);
-        vl->addWidget(field, col / 12, col % 12 + 1);
-        col += 2;
-    };
-    put("お客様", w.lbl1 = valueLabel(vehicle, "lbl1", 120));
-    put("車名", w.lbl2 = valueLabel(vehicle, "lbl2", 100));
-    put("カラーNo", w.lbl3 = valueLabel(vehicle, "lbl3", 60));
-    put("塗装種類", w.lbl4 = valueLabel(vehicle, "lbl4", 80));
-    put("高機能塗装", w.lbl5 = valueLabel(vehicle, "lbl5", 80));
-    put("車両区分", w.lblSyasyu = valueLabel(vehicle, "lblSyasyu", 50));
-    put("塗装レート", w.txtRato = numberBox(vehicle, "txtRato", msg, false));
-    put("材料係数", w.lblKsu = valueLabel(vehicle, "lblKsu", 50));
-    put("高機能基本指数", w.lblKKihonSisu = valueLabel(vehicle, "lblKKihonSisu", 50));
-    put("高機能材料係数", w.lblKouZairyo = valueLabel(vehicle, "lblKouZairyo", 50));
-    layout->addWidget(vehicle);
-
-    auto *middle = new QHBoxLayout;
-    auto *lists = new QVBoxLayout;
-    w.HFLg1 = grid(this, "HFLg1", {QStringLiteral("コード"), QStringLiteral("区分")});
-    w.HFLg1->setColumnWidth(0, 50);
-    w.HFlg2 = grid(this, "HFlg2", {QStringLiteral("部品名")});
-    lists->addWidget(w.HFLg1, 1);
-    lists->addWidget(w.HFlg2, 1);
-    auto *listBox = new QWidget(this);
-    listBox->setLayout(lists);
-    listBox->setFixedWidth(230);
-    middle->addWidget(listBox);
-
-    // The entry line.
-    auto *entry = new QGroupBox(QStringLiteral("入力"), this);
-    auto *el = new QGridLayout(entry);
-    el->setVerticalSpacing(4);
-    el->addWidget(new QLabel(QStringLiteral("部品名"), entry), 0, 0);
-    w.txtBuimei = named(new QLineEdit(entry), "txtBuimei");
-    el->addWidget(w.txtBuimei, 0, 1, 1, 6);
-
-    el->addWidget(new QLabel(QStringLiteral("枚数"), entry), 1, 0);
-    w.cboMai = named(new QComboBox(entry), "cboMai");
-    w.cboMai->setEditable(true);
-    w.cboMai->addItem(QString());
-    for (int i = 1; i <= 10; ++i)
-        w.cboMai->addItem(QString::number(i));
-    new ui::KeyFilter(w.cboMai->lineEdit(), workitems::numericKeyRule(false), msg);
-    el->addWidget(w.cboMai, 1, 1);
-    el->addWidget(new QLabel(QStringLiteral("塗料"), entry), 1, 2);
-    w.cboToryo = named(new QComboBox(entry), "cboToryo");
-    el->addWidget(w.cboToryo, 1, 3);
-    el->addWidget(new QLabel(QStringLiteral("基本指数"), entry), 1, 4);
-    w.txtKisoSisu = numberBox(entry, "txtKisoSisu", msg);
-    el->addWidget(w.txtKisoSisu, 1, 5);
-    el->addWidget(w.lblKiso = valueLabel(entry, "lblKiso"), 1, 6);
-
-    w.chk2s = named(new QCheckBox(QStringLiteral("2コートソリッド加算"), entry), "chk2s");
-    el->addWidget(w.chk2s, 2, 0, 1, 2);
-    w.txt2Solid = numberBox(entry, "txt2Solid", msg);
-    el->addWidget(w.txt2Solid, 2, 2);
-    el->addWidget(w.lbl2SolidSum = valueLabel(entry, "lbl2SolidSum"), 2, 3);
-    el->addWidget(w.cmdR2 = button(entry, "cmdR2", "ルーフ"), 2, 4);
-    el->addWidget(w.cmdNotR2 = button(entry, "cmdNotR2", "ルーフ以外"), 2, 5);
-
-    w.chkT = named(new QCheckBox(QStringLiteral("低隠蔽性塗料加算"), entry), "chkT");
-    el->addWidget(w.chkT, 3, 0, 1, 2);
-    w.txtTInpei = numberBox(entry, "txtTInpei", msg);
-    el->addWidget(w.txtTInpei, 3, 2);
-    el->addWidget(w.lblTinpeiSum = valueLabel(entry, "lblTinpeiSum"), 3, 3);
-    el->addWidget(w.cmdRTei = button(entry, "cmdRTei", "ルーフ"), 3, 4);
-    el->addWidget(w.cmdNotRTei = button(entry, "cmdNotRTei", "ルーフ以外"), 3, 5);
-    el->addWidget(w.cmdTInpei = button(entry, "cmdTInpei", "新品／修正"), 3, 6);
-
-    el->addWidget(w.cmdKoukino = button(entry, "cmdKoukino", "割増"), 4, 0);
-    el->addWidget(w.cmdNaiban = button(entry, "cmdNaiban", "内板塗装"), 4, 1);
-    el->addWidget(new QLabel(QStringLiteral("指数"), entry), 4, 2);
-    w.txtSisu = numberBox(entry, "txtSisu", msg);
-    el->addWidget(w.txtSisu, 4, 3);
-    el->addWidget(new QLabel(QStringLiteral("工賃"), entry), 4, 4);
-    el->addWidget(w.lblTKei = valueLabel(entry, "lblTKei"), 4, 5);
-
-    w.chkZ = named(new QCheckBox(QStringLiteral("材料費"), entry), "chkZ");
-    el->addWidget(w.chkZ, 5, 0);
-    w.txtZairyo = named(new QLineEdit(entry), "txtZairyo");
-    w.txtZairyo->setReadOnly(true);
-    w.txtZairyo->setAlignment(Qt::AlignRight);
-    w.txtZairyo->setMaximumWidth(100);
-    el->addWidget(w.txtZairyo, 5, 1);
-
-    auto *rowButtons = new QHBoxLayout;
-    rowButtons->addWidget(w.cmdAdd = button(entry, "cmdAdd", "追加"));
-    rowButtons->addWidget(w.cmdInsRow = button(entry, "cmdInsRow", "挿入"));
-    rowButtons->addWidget(w.cmdEdit = button(entry, "cmdEdit", "修正"));
-    rowButtons->addWidget(w.cmdECancel = button(entry, "cmdECancel", "修正取消"));
-    rowButtons->addWidget(w.cmdDel = button(entry, "cmdDel", "削除"));
-    el->addLayout(rowButtons, 6, 0, 1, 7);
-    middle->addWidget(entry, 1);
-    auto *top = new QWidget(this);
-    top->setLayout(middle);
-    middle->setContentsMargins(0, 0, 0, 0);
-    top->setMaximumHeight(290);
-    layout->addWidget(top);
-
-    w.HFlg3 = grid(this, "HFlg3", paintGridHeaders());
-    const int widths[] = {36, 90, 330, 50, 50, 60, 80, 90};
-    for (int c = 0; c < 8; ++c)
-        w.HFlg3->setColumnWidth(c, widths[c]);
-    w.HFlg3->setMinimumHeight(230);
-    layout->addWidget(w.HFlg3, 1);
-
-    auto *sums = new QHBoxLayout;
-    auto sum = [&](const char *caption, QLabel *label) {
-        sums->addWidget(new QLabel(QString::fromUtf8(caption), this));
-        sums->addWidget(label);
-    };
-    sum("塗装工賃", w.lblTSum = valueLabel(this, "lblTSum"));
-    sum("加算工賃", w.lblKKSisuSum = valueLabel(this, "lblKKSisuSum"));
-    sum("付加指数", w.lblFukaSum = valueLabel(this, "lblFukaSum"));
-    sum("バンパー", w.lblBumpaSum = valueLabel(this, "lblBumpaSum"));
-    sum("材料費", w.lblZSum = valueLabel(this, "lblZSum"));
-    sum("塗装計", w.lblSSum = valueLabel(this, "lblSSum", 100));
-    layout->addLayout(sums);
-
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(w.cmdBumpa = button(this, "cmdBumpa", "バンパー"));
-    bottom->addWidget(w.cmdFuka = button(this, "cmdFuka", "付加指数"));
-    // The bumper and additional-index screens are connected where they are built.
-    w.cmdBumpa->setEnabled(false);
-    w.cmdFuka->setEnabled(false);
-    bottom->addStretch(1);
-    bottom->addWidget(w.cmdOK = button(this, "cmdOK", "OK"));
-    bottom->addWidget(w.cmdCancel = button(this, "cmdCancel", "キャンセル"));
-    layout->addLayout(bottom);
-    resize(1240, 700);
-}
-
 void FrmPaint::connectUi()
 {
     Widgets &w = *m_w;
     connect(w.HFLg1, &QTableWidget::cellClicked, this, [this](int row) { categoryClicked(row); });
     connect(w.HFlg2, &QTableWidget::cellClicked, this, [this](int row) { partClicked(row); });
     connect(w.HFlg3, &QTableWidget::cellClicked, this, [this](int row) {
-        m_chosenRow = row;
+        m_editor.chooseRow(row);
         updateButtons();
     });
     connect(w.cboMai, &QComboBox::currentTextChanged, this, [this] { basicInputsChanged(); });
@@ -337,7 +131,7 @@ void FrmPaint::categoryClicked(int row)
     const QTableWidgetItem *name = m_w->HFLg1->item(row, 1);
     if (!code)
         return;
-    m_section = name ? name->text() : QString();
+    m_editor.chooseCategory(name ? name->text() : QString());
     const QList<PaintPart> parts = m_editor.parts(code->text());
     m_w->HFlg2->setRowCount(int(parts.size()));
     for (int r = 0; r < parts.size(); ++r) {
@@ -352,7 +146,7 @@ void FrmPaint::partClicked(int row)
     if (!item)
         return;
     m_w->txtBuimei->setText(item->text());
-    m_location = item->data(Qt::UserRole).toString();
+    m_editor.choosePart(item->data(Qt::UserRole).toString());
 }
 
 void FrmPaint::basicInputsChanged()
@@ -368,9 +162,7 @@ void FrmPaint::basicIndexChanged(const QString &text)
 
 void FrmPaint::setEntryIndex(const QString &index, LineKind kind)
 {
-    m_kind = kind;
-    if (kind != LineKind::LowHiding)
-        m_partKind.clear();
+    m_editor.setEntryKind(kind);
     m_w->txtSisu->setText(index);
 }
 
@@ -442,15 +234,11 @@ void FrmPaint::applySurcharge(const SurchargeEntry &entry)
 
 void FrmPaint::openLowHiding()
 {
-    DlgTInpei dialog(m_editor, m_location, messages(), this);
+    DlgTInpei dialog(m_editor, m_editor.chosenLocation(), messages(), this);
     if (dialog.exec() != QDialog::Accepted || dialog.index().isEmpty())
         return;
     m_w->txtTInpei->setText(dialog.index());
-    const QString index = dialog.addition().isEmpty()
-                              ? dialog.index()
-                              : workitems::decimalSum(dialog.index(), dialog.addition()).value_or(dialog.index());
-    setEntryIndex(index, LineKind::LowHiding);
-    m_partKind = dialog.partKind();
+    m_w->txtSisu->setText(m_editor.takeLowHiding(dialog.index(), dialog.addition(), dialog.partKind()));
 }
 
 void FrmPaint::openInnerPanels()
@@ -463,39 +251,40 @@ void FrmPaint::openInnerPanels()
     setEntryIndex(dialog.index(), LineKind::Basic);
 }
 
-std::optional<PaintLine> FrmPaint::entryLine()
+EntryText FrmPaint::entryText() const
 {
-    const QString index = workitems::reformatIndex(m_w->txtSisu->text());
-    if (isBlank(index)) {
-        messages().inform(QStringLiteral("指数が入力されておりません。"), QStringLiteral("注意"),
-                          MessageIcon::Exclamation);
-        m_w->txtSisu->setFocus();
-        return std::nullopt;
-    }
-    const QString range = m_kind == LineKind::Basic ? PaintEditor::rangeText(m_w->cboMai->currentText()) : QString();
-    const auto line = m_editor.makeLine(m_kind, m_section, m_w->txtBuimei->text(), m_partKind, range, index,
-                                        m_w->chkZ->isChecked());
-    if (!line)
-        change(PaintCalculation::Change::Overflow);
-    return line;
+    return {m_w->txtBuimei->text(), m_w->cboMai->currentText(), m_w->txtSisu->text(), m_w->chkZ->isChecked()};
 }
 
-bool FrmPaint::change(PaintCalculation::Change result)
+bool FrmPaint::report(EntryOutcome outcome)
 {
-    switch (result) {
-    case PaintCalculation::Change::Done:
+    const auto inform = [this](const char *text, const char *title, MessageIcon icon) {
+        messages().inform(QString::fromUtf8(text), QString::fromUtf8(title), icon);
+    };
+    switch (outcome) {
+    case EntryOutcome::Done:
         showLines();
         showSums();
         return true;
-    case PaintCalculation::Change::Full:
-        messages().inform(QStringLiteral("行の上限です。\nこれ以上書き込めません。"), QStringLiteral("行の上限"),
-                          MessageIcon::None);
+    case EntryOutcome::NoIndex:
+        inform("指数が入力されておりません。", "注意", MessageIcon::Exclamation);
+        m_w->txtSisu->setFocus();
         return false;
-    case PaintCalculation::Change::Overflow:
-        messages().inform(QStringLiteral("金額が大きすぎるため計算できません。\n指数またはレートを確認してください。"),
-                          QStringLiteral("注意"), MessageIcon::Exclamation);
+    case EntryOutcome::Full:
+        inform("行の上限です。\nこれ以上書き込めません。", "行の上限", MessageIcon::None);
         return false;
-    case PaintCalculation::Change::NoSuchLine:
+    case EntryOutcome::Overflow:
+        inform("金額が大きすぎるため計算できません。\n指数またはレートを確認してください。", "注意", MessageIcon::Exclamation);
+        return false;
+    case EntryOutcome::NoLines:
+        inform("削除するデータはありません．", "警告", MessageIcon::None);
+        return false;
+    case EntryOutcome::StillEditing:
+        inform("修正中の行があります。\n「修正」で確定するか「修正取消」をクリックしてください。", "注意",
+               MessageIcon::Exclamation);
+        return false;
+    case EntryOutcome::NoRowChosen:
+    case EntryOutcome::PendingEntry:
         return false;
     }
     return false;
@@ -503,77 +292,64 @@ bool FrmPaint::change(PaintCalculation::Change result)
 
 void FrmPaint::addLine()
 {
-    if (m_editor.calculation().full()) {
-        change(PaintCalculation::Change::Full);
-        return;
-    }
-    if (const auto line = entryLine(); line && change(m_editor.calculation().add(*line)))
+    if (report(m_editor.addEntry(entryText())))
         clearEntry();
 }
 
 void FrmPaint::insertLine()
 {
-    if (m_editor.calculation().full()) {
-        change(PaintCalculation::Change::Full);
-        return;
-    }
-    const int at = m_chosenRow >= 0 ? m_chosenRow : m_editor.calculation().count();
-    if (const auto line = entryLine(); line && change(m_editor.calculation().insert(at, *line)))
+    if (report(m_editor.insertEntry(entryText())))
         clearEntry();
 }
 
 void FrmPaint::editLine()
 {
-    if (m_editing >= 0) {
-        if (const auto line = entryLine(); line && change(m_editor.calculation().replace(m_editing, *line))) {
-            m_editing = -1;
-            clearEntry();
-            updateButtons();
-        }
+    const bool wasEditing = m_editor.editing();
+    std::optional<EntryText> load;
+    const EntryOutcome outcome = m_editor.editEntry(entryText(), &load);
+    if (load)
+        loadEntry(*load);
+    else if (outcome == EntryOutcome::NoRowChosen || !report(outcome))
         return;
-    }
-    if (m_chosenRow < 0 || m_chosenRow >= m_editor.calculation().count())
-        return;
-    m_editing = m_chosenRow;
-    loadEntry(m_editor.calculation().lines().at(m_editing));
+    else if (wasEditing)
+        clearEntry();
     updateButtons();
 }
 
 void FrmPaint::cancelEdit()
 {
-    m_editing = -1;
+    m_editor.cancelEdit();
     clearEntry();
     updateButtons();
 }
 
 void FrmPaint::deleteLine()
 {
-    if (m_editor.calculation().count() == 0) {
-        messages().inform(QStringLiteral("削除するデータはありません．"), QStringLiteral("警告"), MessageIcon::None);
-        return;
-    }
-    if (m_chosenRow < 0 || m_chosenRow >= m_editor.calculation().count()) {
+    const EntryOutcome can = m_editor.canRemoveChosen();
+    if (can == EntryOutcome::NoRowChosen) {
         messages().inform(QStringLiteral("削除する行をクリックしてください。"), QStringLiteral("注意"),
                           MessageIcon::Information);
+        return;
+    }
+    if (can != EntryOutcome::Done) {
+        report(can);
         return;
     }
     if (messages().askYesNo(QStringLiteral("削除します。\nデータが失われます。\nよろしいですか？"),
                             QStringLiteral("削除"), MessageIcon::Exclamation) != Answer::Yes)
         return;
-    if (change(m_editor.calculation().remove(m_chosenRow))) {
-        m_chosenRow = -1;
+    if (report(m_editor.removeChosen()))
         updateButtons();
-    }
 }
 
 void FrmPaint::confirm()
 {
-    if (m_editing >= 0) {
-        messages().inform(QStringLiteral("修正中の行があります。\n「修正」で確定するか「修正取消」をクリックしてください。"),
-                          QStringLiteral("注意"), MessageIcon::Exclamation);
+    const EntryOutcome can = m_editor.canConfirm(entryText());
+    if (can == EntryOutcome::StillEditing) {
+        report(can);
         return;
     }
-    if (!isBlank(m_w->txtSisu->text())
+    if (can == EntryOutcome::PendingEntry
         && messages().askYesNo(QStringLiteral("入力中の行がまだ追加されていません。\n追加せずに終了しますか？"),
                                QStringLiteral("注意"), MessageIcon::Question) != Answer::Yes)
         return;
@@ -593,22 +369,19 @@ void FrmPaint::clearEntry()
     m_w->cboMai->setCurrentIndex(0);
     m_w->txtKisoSisu->clear();
     m_w->txtSisu->clear();
-    m_partKind.clear();
-    m_kind = LineKind::Basic;
+    m_editor.resetEntry();
 }
 
-void FrmPaint::loadEntry(const PaintLine &line)
+void FrmPaint::loadEntry(const EntryText &entry)
 {
-    m_section = line.section;
-    m_w->txtBuimei->setText(line.partName);
+    m_w->txtBuimei->setText(entry.partName);
     {
         const QSignalBlocker blocker(m_w->cboMai);
         m_w->cboMai->setCurrentIndex(0);
-        m_w->cboMai->setEditText(line.range.chopped(line.range.endsWith(QStringLiteral("枚")) ? 1 : 0));
+        m_w->cboMai->setEditText(entry.panels);
     }
-    m_w->chkZ->setChecked(line.withMaterial);
-    setEntryIndex(line.index, line.kind);
-    m_partKind = line.partKind;
+    m_w->chkZ->setChecked(entry.withMaterial);
+    m_w->txtSisu->setText(entry.index);
 }
 
 void FrmPaint::showLines()
@@ -622,8 +395,8 @@ void FrmPaint::showLines()
         setRow(g, r, gridCells(calc.lines().at(r), r + 1, running), 5);
     }
     g->clearSelection();
-    if (m_chosenRow >= calc.count())
-        m_chosenRow = -1;
+    if (m_editor.chosenRow() >= calc.count())
+        m_editor.chooseRow(-1);
 }
 
 void FrmPaint::showSums()
@@ -639,7 +412,7 @@ void FrmPaint::showSums()
 
 void FrmPaint::updateButtons()
 {
-    const bool editing = m_editing >= 0;
+    const bool editing = m_editor.editing();
     m_w->cmdEdit->setText(editing ? QStringLiteral("修正確定") : QStringLiteral("修正"));
     m_w->cmdECancel->setEnabled(editing);
     m_w->cmdAdd->setEnabled(!editing);
@@ -651,14 +424,14 @@ void FrmPaint::updateButtons()
 void FrmPaint::setBumperLabour(Yen labour)
 {
     if (!m_editor.calculation().setBumperLabour(labour))
-        change(PaintCalculation::Change::Overflow);
+        report(EntryOutcome::Overflow);
     showSums();
 }
 
 void FrmPaint::setAdditionalTotal(Yen total)
 {
     if (!m_editor.calculation().setAdditionalTotal(total))
-        change(PaintCalculation::Change::Overflow);
+        report(EntryOutcome::Overflow);
     showSums();
 }
 

@@ -55,10 +55,11 @@ private:
     void deleteLine();
     void confirm();
 
-    std::optional<PaintLine> entryLine();
-    bool change(PaintCalculation::Change result);
+    EntryText entryText() const;
+    // Shows the grid and sums after Done, says anything else; true for Done.
+    bool report(EntryOutcome outcome);
     void clearEntry();
-    void loadEntry(const PaintLine &line);
+    void loadEntry(const EntryText &entry);
     void showLines();
     void showSums();
     void updateButtons();
@@ -67,12 +68,6 @@ private:
     Session &m_session;
     PaintEditor m_editor;
     Widgets *m_w;
-    QString m_section;          // category of the entry line
-    QString m_location;         // paint location of the chosen panel
-    QString m_partKind;         // "新品" / "修正" from the low-hiding dialog
-    LineKind m_kind = LineKind::Basic;
-    int m_chosenRow = -1;       // grid row the user clicked
-    int m_editing = -1;         // grid row being edited
 };
 
 } // namespace est::paint

@@ -22,6 +22,27 @@ struct SurchargeEntry
     LineKind kind = LineKind::Basic;
 };
 
+// The entry line's text, as the screen reads it from its controls and shows it.
+struct EntryText
+{
+    QString partName;  // txtBuimei
+    QString panels;    // cboMai
+    QString index;     // txtSisu
+    bool withMaterial = false; // chkZ
+};
+
+// What an action on the entry line or the grid comes to; all but Done are said to the user.
+enum class EntryOutcome {
+    Done,
+    NoIndex,        // the entry has no index
+    Full,           // the grid is at its line limit
+    Overflow,       // labour or a sum too large
+    NoLines,        // nothing to delete
+    NoRowChosen,    // a grid row is needed
+    StillEditing,   // OK while a line is being edited
+    PendingEntry,   // OK with an index typed but not added: asked
+};
+
 class PaintEditor
 {
 public:
@@ -75,6 +96,40 @@ public:
                                       const QString &partKind, const QString &range, const QString &index,
                                       bool withMaterial) const;
 
+    // The entry line's rules. The kind and part kind of the line being entered follow the
+    // last thing that filled its index: a basic index, a surcharge, the low-hiding or
+    // inner-panel dialogs, or a line taken back for editing.
+    void chooseCategory(const QString &section) { m_section = section; }
+    void choosePart(const QString &location) { m_location = location; }
+    QString chosenLocation() const { return m_location; }
+    void setEntryKind(LineKind kind);
+    LineKind entryKind() const { return m_kind; }
+    QString entryPartKind() const { return m_partKind; }
+    // The entry index of the low-hiding dialog's answer: its index plus the addition.
+    QString takeLowHiding(const QString &index, const QString &addition, const QString &partKind);
+    // The line the entry makes, or why not.
+    std::optional<PaintLine> entryLine(const EntryText &entry, EntryOutcome *why) const;
+
+    // The grid row the user clicked; -1 for none.
+    void chooseRow(int row) { m_chosenRow = row; }
+    int chosenRow() const { return m_chosenRow; }
+    int editingRow() const { return m_editing; }
+    bool editing() const { return m_editing >= 0; }
+    EntryOutcome addEntry(const EntryText &entry);
+    // Before the chosen row, or at the end without one.
+    EntryOutcome insertEntry(const EntryText &entry);
+    // Without a line being edited: takes the chosen row back into `load` for editing
+    // (false when no row is chosen). While editing: replaces that row with the entry.
+    EntryOutcome editEntry(const EntryText &entry, std::optional<EntryText> *load);
+    void cancelEdit();
+    // Whether the chosen row can be deleted (then ask, then removeChosen()).
+    EntryOutcome canRemoveChosen() const;
+    EntryOutcome removeChosen();
+    // Whether OK may close: not while editing; a typed index not added is asked about.
+    EntryOutcome canConfirm(const EntryText &entry) const;
+    // Forgets the entry's kind after it was added or cleared.
+    void resetEntry();
+
     PaintCalculation &calculation() { return m_calc; }
     const PaintCalculation &calculation() const { return m_calc; }
 
@@ -89,6 +144,12 @@ private:
     QString m_customer, m_car, m_colourNumber, m_paintKind, m_highFunction, m_vehicleClass, m_colourCode;
     QString m_hfIndex, m_hfCoefficient;
     PaintCalculation m_calc;
+    QString m_section;        // category of the entry line
+    QString m_location;       // paint location of the chosen panel
+    QString m_partKind;       // "新品" / "修正" from the low-hiding dialog
+    LineKind m_kind = LineKind::Basic;
+    int m_chosenRow = -1;
+    int m_editing = -1;
 };
 
 } // namespace est::paint

@@ -130,3 +130,108 @@ TEST(PaintEditor, StoredLinesComeBackWithTheirMaterial)
     EXPECT_EQ(again.calculation().lines().first(), *line);
     EXPECT_EQ(again.calculation().totals(), first.calculation().totals());
 }
+
+// The entry line: what kind of line it makes follows what filled its index last.
+TEST(PaintEditorEntry, KindPartKindAndRangeFollowWhatFilledTheIndex)
+{
+    EditorFixture x;
+    PaintEditor editor(x.masters.get(), x.session);
+    editor.chooseCategory(QStringLiteral("フロント"));
+    EntryOutcome why = EntryOutcome::Done;
+
+    EXPECT_FALSE(editor.entryLine({QStringLiteral("ボンネット"), QStringLiteral("2"), QStringLiteral(" "), true}, &why));
+    EXPECT_EQ(why, EntryOutcome::NoIndex);
+
+    // A basic line takes its range from the panel count; labour 1.00 × 7,010, material 0.47 × 7,010 = 3,294.7.
+    auto basic = editor.entryLine({QStringLiteral("ボンネット"), QStringLiteral("2"), QStringLiteral("1"), true}, &why);
+    ASSERT_TRUE(basic);
+    EXPECT_EQ(why, EntryOutcome::Done);
+    EXPECT_EQ(basic->section, QStringLiteral("フロント"));
+    EXPECT_EQ(basic->range, QStringLiteral("2枚"));
+    EXPECT_EQ(basic->index, QStringLiteral("1.00"));
+    EXPECT_EQ(basic->labour, 7010);
+    EXPECT_EQ(basic->material, 3295);
+
+    // The low-hiding dialog's index plus its addition, with the part's kind; no range.
+    EXPECT_EQ(editor.takeLowHiding(QStringLiteral("0.60"), QStringLiteral("0.20"), QStringLiteral("新品")),
+              QStringLiteral("0.80"));
+    EXPECT_EQ(editor.takeLowHiding(QStringLiteral("0.60"), QString(), QStringLiteral("修正")), QStringLiteral("0.60"));
+    auto low = editor.entryLine({QStringLiteral("ドア"), QStringLiteral("2"), QStringLiteral("0.8"), false}, &why);
+    ASSERT_TRUE(low);
+    EXPECT_EQ(low->kind, LineKind::LowHiding);
+    EXPECT_EQ(low->partKind, QStringLiteral("修正"));
+    EXPECT_EQ(low->range, QString());
+    EXPECT_EQ(low->labour, 5608); // 0.80 × 7,010
+    EXPECT_EQ(low->material, 0);
+
+    // Any other kind forgets the part's kind.
+    editor.setEntryKind(LineKind::TwoCoatSolid);
+    EXPECT_EQ(editor.entryPartKind(), QString());
+    editor.setEntryKind(LineKind::LowHiding);
+    EXPECT_EQ(editor.entryPartKind(), QString());
+
+    x.session.paintLabourRate = 32767;
+    PaintEditor dear(x.masters.get(), x.session);
+    EXPECT_FALSE(dear.entryLine({QStringLiteral("A"), QString(), QStringLiteral("99999.99"), true}, &why));
+    EXPECT_EQ(why, EntryOutcome::Overflow);
+}
+
+TEST(PaintEditorEntry, AddInsertEditAndDeleteThroughTheChosenRow)
+{
+    EditorFixture x;
+    PaintEditor editor(x.masters.get(), x.session);
+    const auto names = [&editor] {
+        QStringList out;
+        for (const PaintLine &l : editor.calculation().lines())
+            out << l.partName;
+        return out;
+    };
+    EXPECT_EQ(editor.canRemoveChosen(), EntryOutcome::NoLines);
+    ASSERT_EQ(editor.addEntry({QStringLiteral("A"), QStringLiteral("1"), QStringLiteral("1"), false}), EntryOutcome::Done);
+    ASSERT_EQ(editor.insertEntry({QStringLiteral("B"), QString(), QStringLiteral("2"), false}), EntryOutcome::Done);
+    editor.chooseRow(0);
+    ASSERT_EQ(editor.insertEntry({QStringLiteral("C"), QString(), QStringLiteral("3"), false}), EntryOutcome::Done);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("C"), QStringLiteral("A"), QStringLiteral("B")}));
+
+    // 修正 takes the chosen line back into the entry, then replaces it.
+    editor.chooseRow(1);
+    std::optional<EntryText> load;
+    ASSERT_EQ(editor.editEntry({}, &load), EntryOutcome::Done);
+    ASSERT_TRUE(load);
+    EXPECT_TRUE(editor.editing());
+    EXPECT_EQ(load->partName, QStringLiteral("A"));
+    EXPECT_EQ(load->panels, QStringLiteral("1"));
+    EXPECT_EQ(load->index, QStringLiteral("1.00"));
+    EXPECT_EQ(editor.canConfirm({}), EntryOutcome::StillEditing);
+    load.reset();
+    EXPECT_EQ(editor.editEntry({QStringLiteral("A2"), QStringLiteral("3"), QString(), false}, &load),
+              EntryOutcome::NoIndex);
+    EXPECT_TRUE(editor.editing());
+    ASSERT_EQ(editor.editEntry({QStringLiteral("A2"), QStringLiteral("3"), QStringLiteral("1.5"), false}, &load),
+              EntryOutcome::Done);
+    EXPECT_FALSE(load);
+    EXPECT_FALSE(editor.editing());
+    EXPECT_EQ(editor.calculation().lines().at(1).range, QStringLiteral("3枚"));
+    EXPECT_EQ(editor.calculation().lines().at(1).labour, 10515); // 1.50 × 7,010
+
+    editor.chooseRow(-1);
+    EXPECT_EQ(editor.editEntry({}, &load), EntryOutcome::NoRowChosen);
+    EXPECT_EQ(editor.canRemoveChosen(), EntryOutcome::NoRowChosen);
+    editor.chooseRow(2);
+    ASSERT_EQ(editor.removeChosen(), EntryOutcome::Done);
+    EXPECT_EQ(editor.chosenRow(), -1);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("C"), QStringLiteral("A2")}));
+
+    EXPECT_EQ(editor.canConfirm({QString(), QString(), QStringLiteral("2"), false}), EntryOutcome::PendingEntry);
+    EXPECT_EQ(editor.canConfirm({}), EntryOutcome::Done);
+}
+
+TEST(PaintEditorEntry, AFullGridTakesNoMoreLines)
+{
+    EditorFixture x;
+    PaintEditor editor(x.masters.get(), x.session);
+    for (int i = 0; i < kMaxPaintLines; ++i)
+        ASSERT_EQ(editor.addEntry({QStringLiteral("P"), QString(), QStringLiteral("0.1"), false}), EntryOutcome::Done);
+    EXPECT_EQ(editor.addEntry({QStringLiteral("P"), QString(), QStringLiteral("0.1"), false}), EntryOutcome::Full);
+    EXPECT_EQ(editor.insertEntry({QStringLiteral("P"), QString(), QStringLiteral("0.1"), false}), EntryOutcome::Full);
+}
