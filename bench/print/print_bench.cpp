@@ -4,12 +4,12 @@
 // Goal: under 300 ms.
 //   build/bench/print/print_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 
+#include "bench_main.h"
 #include "print/print_document.h"
 #include "print/print_set.h"
 #include "print/saved_estimate.h"
 #include "print_samples.h"
 
-#include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -61,10 +61,5 @@ BENCHMARK(BM_RenderOnly)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Gui);
 }

@@ -1,6 +1,7 @@
 // What the date dialog and start-up cost: the era date through ICU (a calendar and a
 // formatter are made for every call), a whole slip proposal, and reading the company file.
 
+#include "bench_main.h"
 #include "sheet/company_block.h"
 #include "sheet/era_date.h"
 #include "sheet/slip_numbering.h"
@@ -40,4 +41,7 @@ BENCHMARK(BM_ParseCompanyFile);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char **argv)
+{
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
+}

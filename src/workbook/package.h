@@ -3,6 +3,7 @@
 // its sheets, shared strings and styles through the relationships, reads parts within the
 // limits, and builds the new package (changed parts deflated, the others copied as they are).
 
+#include "workbook/deflated_part.h"
 #include "workbook/styles.h"
 #include "workbook/workbook.h"
 
@@ -31,6 +32,7 @@ struct Workbook::Impl
     };
     std::vector<Entry> entries;
     QHash<QString, QByteArray> replaced;   // part -> new content
+    QHash<QString, DeflatedPart> deflated; // part -> new content, compressed
     QSet<QString> removed;
 
     QString workbookPart;

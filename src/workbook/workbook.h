@@ -95,6 +95,8 @@ enum class SaveStep {
 using SaveFault = std::function<bool(SaveStep step, const QString &part)>;
 
 class Workbook;
+class PrintSheetFitter;
+struct DeflatedPart;
 
 // One worksheet of an open workbook. Rows and columns count from 1 (A1 = row 1, column 1).
 class Worksheet
@@ -131,6 +133,7 @@ public:
 
 private:
     friend class Workbook;
+    friend class PrintSheetFitter;
     explicit Worksheet(std::unique_ptr<Impl> impl);
     std::unique_ptr<Impl> d;
 };
@@ -159,6 +162,12 @@ public:
     // The print area of a sheet ("$A$1:$J$40" or empty when it has none), and setting it.
     QString printArea(const QString &sheetName) const;
     void setPrintArea(const QString &sheetName, const QString &range);
+
+    // Writes the sheet from its text compressed beforehand (deflated_part.h), as it is,
+    // instead of its part; the sheet is not to be changed through this object.
+    void setDeflatedSheet(const QString &name, DeflatedPart part);
+    // The package the workbook was opened from.
+    const QByteArray &sourceBytes() const;
 
     // The package as it would be saved.
     QByteArray toBytes(const SaveFault &fault = {});
