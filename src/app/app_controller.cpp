@@ -8,6 +8,7 @@
 #include "uikit/wait_dialog.h"
 
 #include "db/app_folder.h"
+#include "db/schema_upgrade.h"
 
 #include <QApplication>
 #include <QDir>
@@ -34,6 +35,11 @@ void AppController::start(int splashMs)
     Session &s = m_context.session;
     s.sheetState = SheetState::NotStarted;
     ensureFolders();
+    // Files made by an earlier version are upgraded before any screen reads them.
+    const QStringList notices = db::upgradeAllDatabases(m_context.appFolder);
+    if (!notices.isEmpty())
+        m_context.messages.inform(notices.join(QStringLiteral("\n\n")), QStringLiteral("データベース"),
+                                  MessageIcon::Exclamation);
 
     m_context.wait = new ui::WaitDialog;
     m_context.sheet = new sheet::FrmMitumori(s, m_context.messages);

@@ -1,8 +1,7 @@
 #include "db/database.h"
 
 #include "db/app_folder.h"
-
-#include "db/transaction_guard.h"
+#include "db/schema_upgrade.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -50,34 +49,6 @@ QString statementTable(const QString &statement)
     if (name.startsWith(QLatin1Char('[')))
         return name.mid(1, name.size() - 2);
     return name;
-}
-
-QString addMissingTables(QSqlDatabase &database, const QString &script)
-{
-    const QStringList statements = splitStatements(script);
-    QStringList missing;
-    for (const QString &statement : statements) {
-        const QString table = statementTable(statement);
-        if (table.isEmpty())
-            return QStringLiteral("追加の表を作れない文があります: %1").arg(statement.left(80));
-        if (!missing.contains(table) && !tableExists(database, table))
-            missing.append(table);
-    }
-    if (missing.isEmpty())
-        return {};
-    TransactionGuard guard(database);
-    if (!guard.started())
-        return database.lastError().text();
-    QSqlQuery query(database);
-    for (const QString &statement : statements) {
-        if (!missing.contains(statementTable(statement)))
-            continue;
-        if (!query.exec(statement))
-            return query.lastError().text() + QStringLiteral("\n") + statement.left(200);
-    }
-    if (!guard.commit())
-        return database.lastError().text();
-    return {};
 }
 
 QStringList splitStatements(const QString &script)
@@ -155,19 +126,28 @@ QSqlDatabase connectionFor(const QString &fullPath)
     return database;
 }
 
-QString openConnection(QSqlDatabase &database)
+QString openConnection(QSqlDatabase &database, OpenResult &result)
 {
-    if (database.isOpen())
+    if (database.isOpen()) {
+        result.readOnly = database.connectOptions().contains(QLatin1String("QSQLITE_OPEN_READONLY"));
         return {};
+    }
     if (!database.open())
         return database.lastError().text();
     QSqlQuery pragma(database);
     pragma.exec(QStringLiteral("PRAGMA foreign_keys = ON"));
-    // A file made by an earlier version gains the tables added since. Should that fail (a
-    // read-only file), the file still serves its old tables and a lookup in a missing one
-    // finds nothing, as for any missing table.
-    for (const QString &script : addOnScripts(QFileInfo(database.databaseName()).completeBaseName()))
-        addMissingTables(database, script);
+    // A file made by an earlier version is upgraded; one made by a newer version is read as
+    // it is and never written.
+    const QString path = database.databaseName();
+    const UpgradeOutcome outcome = upgradeDatabase(database, schemaSteps(QFileInfo(path).completeBaseName()), path);
+    result.notice = outcome.message;
+    if (outcome.state == UpgradeOutcome::State::Newer) {
+        database.close();
+        database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        if (!database.open())
+            return database.lastError().text();
+        result.readOnly = true;
+    }
     return {};
 }
 
@@ -186,6 +166,8 @@ QString createFromSchema(const QString &fullPath, const QString &script)
             error = database.lastError().text();
         else
             error = runScript(database, script);
+        if (error.isEmpty())
+            error = markLayout(database, currentLayout(schemaSteps(QFileInfo(fullPath).completeBaseName())));
         database.close();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(connection);
@@ -207,7 +189,7 @@ OpenResult openExistingDatabase(const QString &fullPath)
         return result;
     }
     result.database = connectionFor(fullPath);
-    result.error = openConnection(result.database);
+    result.error = openConnection(result.database, result);
     return result;
 }
 
@@ -234,7 +216,7 @@ OpenResult openDatabase(const QString &appFolder, const QString &relative)
         result.created = true;
     }
     result.database = connectionFor(fullPath);
-    result.error = openConnection(result.database);
+    result.error = openConnection(result.database, result);
     return result;
 }
 

@@ -13,6 +13,8 @@ struct OpenResult
     QSqlDatabase database;   // valid and open when error is empty
     QString error;           // a sentence for the user when opening failed
     bool created = false;    // the file was made from the built-in schema just now
+    bool readOnly = false;   // made by a newer version: opened read-only
+    QString notice;          // a sentence for the user about its upgrade (db/schema_upgrade.h)
 
     bool ok() const { return error.isEmpty(); }
 };
@@ -20,7 +22,7 @@ struct OpenResult
 // Opens (creating when missing) the database file at `relative` below `appFolder`,
 // e.g. "temp\KokyakuDB.mdb" -> <appFolder>/temp/KokyakuDB.sqlite. The connection is named
 // after the full path and reused while open. A new file is made from <name>.sql and its
-// add-on scripts; an existing file gains, on its first opening, the add-on tables it lacks.
+// add-on scripts; an existing file is upgraded to the current layout on its first opening.
 OpenResult openDatabase(const QString &appFolder, const QString &relative);
 
 // Opens an existing file only; never creates it.
@@ -35,11 +37,6 @@ QString builtInSql(const QString &baseName);
 // Tables that later versions added to a database: the scripts data/<baseName>.<part>.sql,
 // in name order. Each holds CREATE TABLE statements and the sample rows of those tables.
 QStringList addOnScripts(const QString &baseName);
-
-// Creates, with their rows, the tables of an add-on script that the database lacks; a table
-// that is already there is left exactly as it is. All or nothing, in one transaction.
-// Returns an error text, empty on success.
-QString addMissingTables(QSqlDatabase &database, const QString &script);
 
 // The table that a CREATE TABLE, CREATE INDEX ... ON or INSERT INTO statement is about, with
 // its quotes removed; empty for any other statement.

@@ -41,8 +41,14 @@ const PrintFonts &printFonts()
 
 QStringList printFontFolders()
 {
-    return {QCoreApplication::applicationDirPath() + QStringLiteral("/../share/estimate/fonts"),
-            QStringLiteral(ESTIMATE_BUILD_FONT_DIR)};
+    // No build path is compiled in (the package must not carry one): a build's fonts folder
+    // lies a few folders above each of its programs (src/app, tests/print, bench/print).
+    const QString program = QCoreApplication::applicationDirPath();
+    QStringList folders{program + QStringLiteral("/../share/estimate/fonts")};
+    QDir dir(program);
+    for (int up = 0; up < 3 && dir.cdUp(); ++up)
+        folders.append(dir.filePath(QStringLiteral("fonts")));
+    return folders;
 }
 
 } // namespace est::print

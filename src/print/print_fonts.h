@@ -18,7 +18,8 @@ struct PrintFonts
 // When they are missing, the system's Noto CJK prints the pages instead.
 const PrintFonts &printFonts();
 
-// The folders searched for the copies: beside an installed program, then the build's own.
+// The folders searched for the copies: beside an installed program, then the build's own
+// ("fonts" in a folder above the program).
 QStringList printFontFolders();
 
 } // namespace est::print

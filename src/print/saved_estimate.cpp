@@ -2,6 +2,7 @@
 
 #include "workbook/estimate_files.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/xls_book.h"
 
 #include <QFileInfo>
 
@@ -10,10 +11,10 @@ namespace est::print {
 std::optional<SavedEstimate> loadSavedEstimate(const QString &path, QString *error)
 {
     try {
-        auto book = workbook::Workbook::open(path);
+        auto book = workbook::openForReading(path);
         SavedEstimate saved;
         workbook::readEstimate(*book, saved.session);
-        workbook::Worksheet *d = book->sheet(QStringLiteral("D"));
+        const workbook::SheetCells *d = book->cells(QStringLiteral("D"));
         saved.title = workbook::cellText(d->value(1, 2));
         saved.honorific = workbook::cellText(d->value(1, 3));
         saved.session.workbookPath = path;

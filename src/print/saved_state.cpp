@@ -1,6 +1,8 @@
 #include "print/saved_state.h"
 
+#include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/xls_book.h"
 
 #include <QFileInfo>
 
@@ -57,12 +59,19 @@ SavedState compareWithWorkbook(const Session &current, const QString &workbookPa
     if (workbookPath.isEmpty() || !QFileInfo::exists(workbookPath))
         return SavedState::NotSaved;
     try {
-        auto book = workbook::Workbook::open(workbookPath);
+        auto book = workbook::openForReading(workbookPath);
         Session saved;
         workbook::readEstimate(*book, saved);
-        workbook::writeEstimate(*book, current);
+        // An .xls is never written: the estimate goes into a workbook made from the default template.
+        auto *writable = dynamic_cast<workbook::Workbook *>(book.get());
+        std::unique_ptr<workbook::Workbook> scratch;
+        if (!writable) {
+            scratch = workbook::Workbook::fromBytes(workbook::defaultTemplateBytes());
+            writable = scratch.get();
+        }
+        workbook::writeEstimate(*writable, current);
         Session now;
-        workbook::readEstimate(*book, now);
+        workbook::readEstimate(*writable, now);
         return storedValues(saved) == storedValues(now) ? SavedState::Same : SavedState::Changed;
     } catch (const std::exception &) {
         return SavedState::NotSaved;

@@ -5,6 +5,7 @@
 #include "sheet/totals_chain.h"
 #include "workbook/estimate_files.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/xls_book.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -93,7 +94,7 @@ EstimateSummary summarize(const Session &session, const QString &fileName)
 EstimateSummary readSummary(const QString &path, const QString &fileName)
 {
     try {
-        auto book = workbook::Workbook::open(path);
+        auto book = workbook::openForReading(path);
         Session session;
         workbook::readEstimate(*book, session);
         return summarize(session, fileName);

@@ -27,14 +27,19 @@ QHash<QString, FileStamp> workbooksIn(const QString &folder)
 {
     QHash<QString, FileStamp> found;
     const QDir root(folder);
-    QDirIterator it(folder, {QStringLiteral("*.xlsx")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(folder, {QStringLiteral("*.xlsx"), QStringLiteral("*.xls")}, QDir::Files,
+                    QDirIterator::Subdirectories);
     while (it.hasNext()) {
         it.next();
         const QFileInfo info = it.fileInfo();
         // What the open dialog lists, without the template's name, which it refuses, and the
         // sales reports, which are not estimates.
-        if (!workbook::isEstimateFileName(info.fileName()) || info.fileName() == workbook::kTemplateFileName ||
+        if (!workbook::isEstimateFileName(info.fileName()) || workbook::isTemplateFileName(info.fileName()) ||
             info.fileName().endsWith(kSalesReportSuffix))
+            continue;
+        // An .xls saved again as .xlsx beside it is that estimate's older copy: counted once.
+        if (workbook::isLegacyFileName(info.fileName()) &&
+            QFileInfo::exists(info.dir().filePath(workbook::xlsxNameFor(info.fileName()))))
             continue;
         found.insert(root.relativeFilePath(info.filePath()),
                      {info.lastModified().toMSecsSinceEpoch(), info.size()});

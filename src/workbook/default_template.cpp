@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <xlsxwriter.h>
 
@@ -372,6 +373,19 @@ bool writeDefaultTemplate(const QString &path, QString *error)
     }
     QFile::remove(temporary);
     return true;
+}
+
+QByteArray defaultTemplateBytes()
+{
+    static const QByteArray bytes = [] {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
+        QFile file(path);
+        if (!writeDefaultTemplate(path) || !file.open(QIODevice::ReadOnly))
+            return QByteArray();
+        return file.readAll();
+    }();
+    return bytes;
 }
 
 } // namespace est::workbook

@@ -4,6 +4,7 @@
 // and the print sheets "PrintMainA", "PaintA", "PrintMain B", "PaintB" and "PrintSub", which
 // lay the estimate out as a Japanese estimate by formulas on "D" and "P".
 
+#include <QByteArray>
 #include <QString>
 
 namespace est::workbook {
@@ -11,6 +12,9 @@ namespace est::workbook {
 // Writes the default template to the path (a temporary file, then a rename).
 // False with a reason when it could not be written.
 bool writeDefaultTemplate(const QString &path, QString *error = nullptr);
+
+// The default template's bytes, written once per process (empty when it could not be written).
+QByteArray defaultTemplateBytes();
 
 // The print sheets of the template, by name.
 inline const char *const kPrintSheets[] = {"PaintA", "PrintMainA", "PaintB", "PrintMain B", "PrintSub"};

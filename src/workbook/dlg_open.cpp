@@ -54,6 +54,9 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     auto *fileBox = new QVBoxLayout;
     fileBox->addWidget(new QLabel(QStringLiteral("見積ファイル"), this));
     fileBox->addWidget(m_files);
+    m_kind = new QLabel(this);
+    m_kind->setObjectName(QStringLiteral("lblKind"));
+    fileBox->addWidget(m_kind);
     lists->addLayout(dirBox, 1);
     lists->addLayout(fileBox, 2);
     layout->addLayout(lists);
@@ -76,6 +79,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
         if (item)
             showFolder(item->data(0, Qt::UserRole).toString());
     });
+    connect(m_files, &QListWidget::currentItemChanged, this, &DlgOpen::showKind);
     // Choosing a file (double-click or Enter) loads it like OK.
     connect(m_files, &QListWidget::itemActivated, this, &DlgOpen::load);
     connect(ok, &QPushButton::clicked, this, &DlgOpen::load);
@@ -87,7 +91,17 @@ void DlgOpen::showFolder(const QString &path)
 {
     m_shown = path;
     m_files->clear();
-    m_files->addItems(estimateFileNames(path));
+    for (const QString &name : estimateFileNames(path)) {
+        auto *item = new QListWidgetItem(name, m_files);
+        item->setToolTip(fileKindText(name));
+    }
+    showKind();
+}
+
+void DlgOpen::showKind()
+{
+    const QListWidgetItem *item = m_files->currentItem();
+    m_kind->setText(item ? QStringLiteral("種類：") + fileKindText(item->text()) : QString());
 }
 
 void DlgOpen::addPanel(QWidget *panel)
@@ -125,7 +139,7 @@ void DlgOpen::load()
         return;
     }
     const QString name = item->text();
-    if (name == kTemplateFileName) {
+    if (isTemplateFileName(name)) {
         messages().inform(QStringLiteral(" このファイルは変更できません。\n変更すると、正しく印刷できない場合があります。"),
                           QStringLiteral("警告！"), MessageIcon::Critical);
         return;

@@ -1,11 +1,13 @@
 #pragma once
-// dlgOpen: the folders (Dir1) and workbooks (File1) of the estimates folder; OK or choosing a
-// file loads the estimate through the loader the caller passes in.
+// dlgOpen: the folders (Dir1) and workbooks (File1, .xlsx and .xls alike, the chosen one's
+// kind in lblKind) of the estimates folder; OK or choosing a file loads the estimate through
+// the loader the caller passes in.
 
 #include "uikit/guarded_dialog.h"
 
 #include <functional>
 
+class QLabel;
 class QListWidget;
 class QVBoxLayout;
 class QTreeWidget;
@@ -32,12 +34,14 @@ public:
 
 private:
     void showFolder(const QString &path);
+    void showKind();
 
     Loader m_loader;
     QString m_root;
     QString m_shown;   // the folder whose files File1 lists
     QTreeWidget *m_dirs;
     QListWidget *m_files;
+    QLabel *m_kind;
     QVBoxLayout *m_layout;
 };
 

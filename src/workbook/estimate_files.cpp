@@ -5,6 +5,7 @@
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
 #include "workbook/print_fit.h"
+#include "workbook/xls_book.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -42,15 +43,37 @@ QString estimateFileName(QDate today, const QString &text)
 
 bool isEstimateFileName(const QString &fileName)
 {
-    return fileName.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive) && !fileName.startsWith(QLatin1Char('.')) &&
-           !isSaveTemporaryName(fileName);
+    return (fileName.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive) || isLegacyFileName(fileName)) &&
+           !fileName.startsWith(QLatin1Char('.')) && !isSaveTemporaryName(fileName);
 }
 
 QStringList estimateFileNames(const QString &folder)
 {
-    QStringList names = QDir(folder).entryList({QStringLiteral("*.xlsx")}, QDir::Files, QDir::Name);
+    QStringList names =
+        QDir(folder).entryList({QStringLiteral("*.xlsx"), QStringLiteral("*.xls")}, QDir::Files, QDir::Name);
     names.removeIf([](const QString &name) { return !isEstimateFileName(name); });
     return names;
+}
+
+bool isTemplateFileName(const QString &fileName)
+{
+    return fileName == kTemplateFileName || fileName == kLegacyTemplateFileName;
+}
+
+bool isLegacyFileName(const QString &fileName)
+{
+    return fileName.endsWith(QLatin1String(".xls"), Qt::CaseInsensitive);
+}
+
+QString xlsxNameFor(const QString &fileName)
+{
+    return isLegacyFileName(fileName) ? fileName.left(fileName.size() - 4) + QStringLiteral(".xlsx") : fileName;
+}
+
+QString fileKindText(const QString &fileName)
+{
+    return isLegacyFileName(fileName) ? QStringLiteral("Excel 97-2003 ブック（.xls、保存すると .xlsx になります）")
+                                      : QStringLiteral("Excel ブック（.xlsx）");
 }
 
 QString estimatesFolder(const QString &appFolder)
@@ -149,6 +172,11 @@ void writeEstimateWorkbook(const QString &templateFile, const Session &session, 
 
 bool saveEstimateWorkbook(Session &session, Messages &messages, const QString &appFolder, const SaveHooks &hooks)
 {
+    if (isLegacyFileName(session.fileName)) {
+        // The .xls stays as it is; from now on the estimate is its .xlsx.
+        messages.inform(kSavedAsXlsxNotice, kSaveTitle, MessageIcon::Information);
+        session.fileName = xlsxNameFor(session.fileName);
+    }
     const QString folder = estimatesFolder(appFolder);
     const QString target = db::joinPath(folder, session.fileName);
     const QString shownName = session.fileName;
@@ -211,7 +239,7 @@ bool openEstimateWorkbook(Session &session, Messages &messages, const QString &a
     }
     QString reason;
     try {
-        auto book = Workbook::open(path);
+        auto book = openForReading(path);
         Session read = session;
         readEstimate(*book, read);
         read.fileName = fileName;

@@ -19,12 +19,22 @@ QString estimateFileName(QDate today, const QString &text);
 QString estimatesFolder(const QString &appFolder);
 QString templatePath(const QString &appFolder);
 // Whether a file in the estimates folder is a saved estimate: a visible ".xlsx" file that is
-// not a save's temporary file.
+// not a save's temporary file, or an ".xls" workbook of the older format.
 bool isEstimateFileName(const QString &fileName);
 // The estimate files of a folder (not of its subfolders), by name.
 QStringList estimateFileNames(const QString &folder);
-// The file name the open dialog refuses: the template's own.
+// The file names the open dialog refuses: the template's own, in either format.
 inline const QString kTemplateFileName = QStringLiteral("NewFile.xlsx");
+inline const QString kLegacyTemplateFileName = QStringLiteral("NewFile.xls");
+bool isTemplateFileName(const QString &fileName);
+
+// ".xls" workbooks (Excel 97-2003) are read, never written: an estimate opened from one is
+// saved as ".xlsx" under the same name beside it.
+bool isLegacyFileName(const QString &fileName);
+QString xlsxNameFor(const QString &fileName);
+// What the open dialog shows as a file's kind.
+QString fileKindText(const QString &fileName);
+inline const QString kSavedAsXlsxNotice = QStringLiteral("この見積書は .xlsx 形式で保存します。");
 
 // Writes the default template when the application folder has none. False with a reason
 // when it could not be written.

@@ -206,7 +206,7 @@ void writePaintSheet(Worksheet &p, const Session &s)
 class CellReader
 {
 public:
-    explicit CellReader(Worksheet &sheet) : m_sheet(sheet) {}
+    explicit CellReader(const SheetCells &sheet) : m_sheet(sheet) {}
     CellValue value(int row, int column) const { return m_sheet.value(row, column); }
     QString text(int row, int column) const { return cellText(value(row, column)); }
     void read(int row, int column, QString &target) const { target = text(row, column); }
@@ -236,8 +236,16 @@ public:
     }
 
 private:
-    Worksheet &m_sheet;
+    const SheetCells &m_sheet;
 };
+
+const SheetCells &requireCells(BookCells &book, const char *name)
+{
+    const SheetCells *sheet = book.cells(QString::fromLatin1(name));
+    if (!sheet)
+        throw WorkbookError(ErrorKind::NotAnEstimate, QStringLiteral("no sheet \"%1\"").arg(QLatin1String(name)));
+    return *sheet;
+}
 
 void readHeader(const CellReader &d, Session &s)
 {
@@ -416,10 +424,10 @@ void writeEstimate(Workbook &book, const Session &session)
     writePaintSheet(p, session);
 }
 
-void readEstimate(Workbook &book, Session &session)
+void readEstimate(BookCells &book, Session &session)
 {
-    const CellReader d(requireSheet(book, "D"));
-    const CellReader p(requireSheet(book, "P"));
+    const CellReader d(requireCells(book, "D"));
+    const CellReader p(requireCells(book, "P"));
     Session s = session;
     const int upper = d.count(2, A, -1, kMaxEstimateRows - 1, "A2");
     readHeader(d, s);

@@ -23,10 +23,10 @@ inline constexpr int kMaxPaintRows = kMaxEstimateRows;
 // Throws WorkbookError (NotAnEstimate) when the template lacks one of the two sheets.
 void writeEstimate(Workbook &book, const Session &session);
 
-// Reads an estimate back into the session. The session changes only when the whole read
+// Reads an estimate back into the session, from a workbook of either format. The session changes only when the whole read
 // succeeds; a single cell that does not convert leaves its value as it was. Throws
 // WorkbookError when the sheets are missing or a count is out of range.
-void readEstimate(Workbook &book, Session &session);
+void readEstimate(BookCells &book, Session &session);
 
 // The reformatting applied when reading: "0.00", "#,###", "00000" and the nine-digit slip
 // number ("000000000"). Texts that are not numbers stay as they are; empty stays empty.

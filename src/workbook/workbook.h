@@ -94,18 +94,36 @@ enum class SaveStep {
 };
 using SaveFault = std::function<bool(SaveStep step, const QString &part)>;
 
+// The cells of one sheet, for reading. Rows and columns count from 1 (A1 = row 1, column 1).
+class SheetCells
+{
+public:
+    virtual ~SheetCells() = default;
+    virtual CellValue value(int row, int column) const = 0;
+};
+
+// A workbook's sheets, for reading: the .xlsx engine (Workbook) and the .xls reader (XlsBook)
+// both give them, so whatever reads an estimate reads either format.
+class BookCells
+{
+public:
+    virtual ~BookCells() = default;
+    // The sheet of that name (exact comparison), or nullptr.
+    virtual const SheetCells *cells(const QString &sheetName) = 0;
+};
+
 class Workbook;
 class PrintSheetFitter;
 struct DeflatedPart;
 
 // One worksheet of an open workbook. Rows and columns count from 1 (A1 = row 1, column 1).
-class Worksheet
+class Worksheet : public SheetCells
 {
 public:
-    ~Worksheet();
+    ~Worksheet() override;
     QString name() const;
 
-    CellValue value(int row, int column) const;
+    CellValue value(int row, int column) const override;
 
     void setText(int row, int column, const QString &text);
     void setInt16(int row, int column, std::int16_t number);
@@ -138,18 +156,19 @@ private:
     std::unique_ptr<Impl> d;
 };
 
-class Workbook
+class Workbook : public BookCells
 {
 public:
     // Opens the workbook at the path (read into memory; the file is not kept open).
     static std::unique_ptr<Workbook> open(const QString &path, const Limits &limits = {});
     // Opens a workbook held in memory.
     static std::unique_ptr<Workbook> fromBytes(QByteArray bytes, const Limits &limits = {});
-    ~Workbook();
+    ~Workbook() override;
 
     QStringList sheetNames() const;
     // The worksheet of that name (exact comparison), or nullptr.
     Worksheet *sheet(const QString &name);
+    const SheetCells *cells(const QString &sheetName) override { return sheet(sheetName); }
 
     // Drops the cached formula results of every worksheet except those named, so that the
     // formulas are computed afresh when the workbook is opened. Sheets whose formulas carry

@@ -11,6 +11,9 @@
 #include "uikit/guarded_dialog.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -42,6 +45,35 @@ TEST(Startup, StartDialogShownSheetLoadedHidden)
         EXPECT_NE(c.start->button(name), nullptr) << name;
     for (const char *folder : {"temp", "Data", "Mitsumori"})
         EXPECT_TRUE(QFileInfo(x.folder.file(folder)).isDir()) << folder;
+}
+
+// A database of a newer version is named at start-up, before any screen reads it, and kept
+// unchanged; one of an earlier version is upgraded without a word.
+TEST(Startup, NamesADatabaseOfANewerVersion)
+{
+    test::Program x;
+    for (const char *file : {"temp/SettingDB.sqlite", "Data/Hikazei.sqlite"}) {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(x.folder.file(file)).absolutePath()));
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("newer"));
+        database.setDatabaseName(x.folder.file(file));
+        ASSERT_TRUE(database.open());
+        QSqlQuery q(database);
+        ASSERT_TRUE(q.exec(QStringLiteral("CREATE TABLE \"SchemaVersion\" (\"version\" INTEGER NOT NULL)")));
+        ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO \"SchemaVersion\" VALUES (%1)").arg(qstrcmp(file, "Data/Hikazei.sqlite") == 0 ? 7 : 1)));
+        q.finish();
+        database.close();
+        database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+    }
+    x.start(false);
+    QStringList texts;
+    for (const auto &shown : x.messages.shown)
+        if (shown.title == QStringLiteral("データベース"))
+            texts.append(shown.text);
+    ASSERT_EQ(texts.size(), 1);
+    EXPECT_TRUE(texts.first().contains(QStringLiteral("Hikazei.sqlite はこのプログラムより新しい版"))) << texts.first().toStdString();
+    EXPECT_TRUE(texts.first().contains(QStringLiteral("読み取り専用")));
+    EXPECT_FALSE(texts.first().contains(QStringLiteral("SettingDB")));
 }
 
 TEST(Startup, NewEstimateShowsTheSheetWithStateOne)

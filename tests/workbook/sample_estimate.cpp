@@ -12,16 +12,7 @@ namespace est::test {
 
 QByteArray templateBytes()
 {
-    static const QByteArray bytes = [] {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("newfile.xlsx"));
-        if (!workbook::writeDefaultTemplate(path))
-            return QByteArray();
-        QFile f(path);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }();
-    return bytes;
+    return workbook::defaultTemplateBytes();
 }
 
 namespace {
