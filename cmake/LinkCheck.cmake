@@ -29,13 +29,16 @@ function(est_add_link_checks)
         return()
     endif()
     est_static_libraries_in(${PROJECT_SOURCE_DIR} libraries)
+    # One compiled main for all of them.
+    add_library(link_check_main OBJECT ${PROJECT_SOURCE_DIR}/cmake/link_check_main.cpp)
+    set_target_properties(link_check_main PROPERTIES AUTOMOC OFF AUTORCC OFF AUTOUIC OFF)
     foreach(lib IN LISTS libraries)
         # Qt's resource objects come as libraries of their own; they use nothing.
         if(lib MATCHES "_resources_[0-9]+$")
             continue()
         endif()
         set(check link_check_${lib})
-        add_executable(${check} ${PROJECT_SOURCE_DIR}/cmake/link_check_main.cpp)
+        add_executable(${check} $<TARGET_OBJECTS:link_check_main>)
         set_target_properties(${check} PROPERTIES AUTOMOC OFF AUTORCC OFF AUTOUIC OFF
             RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/link_check)
         target_link_libraries(${check} PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${lib}>")

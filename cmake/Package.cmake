@@ -54,8 +54,8 @@ string(CONCAT CPACK_PACKAGE_DESCRIPTION
     "electronic invoices (JP PINT) and PDF.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded at run time, which dpkg-shlibdeps cannot see: the screen fonts, Qt's Japanese texts,
-# and the SQLite driver.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-noto-cjk, qt6-translations-l10n, libqt6sql6-sqlite")
+# the SQLite driver and the PostgreSQL driver of a shared server.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-noto-cjk, qt6-translations-l10n, libqt6sql6-sqlite, libqt6sql6-psql")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

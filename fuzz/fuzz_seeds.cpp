@@ -1,9 +1,12 @@
 // Writes the seed inputs that are too large to keep in the repository into a folder per
-// target: the default template and a small saved estimate (tools/fuzz runs it before fuzzing).
+// target: the default template and a small saved estimate, and an .xls sample and its workbook
+// stream (tools/fuzz runs it before fuzzing).
 //   fuzz_seeds <folder>
 #include "fuzz_support.h"
 #include "package_builder.h"
 #include "sample_estimate.h"
+#include "workbook/cfb_stream.h"
+#include "xls_samples.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,7 +28,7 @@ int main(int argc, char **argv)
         return 2;
     fuzz::initialise();
     const QDir out(QString::fromLocal8Bit(argv[1]));
-    for (const char *target : {"fuzz_package", "fuzz_estimate", "fuzz_save", "fuzz_xml_part"})
+    for (const char *target : {"fuzz_package", "fuzz_estimate", "fuzz_save", "fuzz_xml_part", "fuzz_xls", "fuzz_xls_stream", "fuzz_photo_sheet"})
         out.mkpath(QString::fromLatin1(target));
     for (const char *target : {"fuzz_package", "fuzz_estimate", "fuzz_save"}) {
         write(out.filePath(QStringLiteral("%1/template.xlsx").arg(QLatin1String(target))), test::templateBytes());
@@ -40,5 +43,17 @@ int main(int argc, char **argv)
         for (const auto &[name, data] : parts)
             if (name == QLatin1String(targets[i]))
                 write(out.filePath(QStringLiteral("fuzz_xml_part/part%1.xml").arg(i)), char(i) + data);
+    // Each part of the sheet 写真, behind the byte that picks it.
+    const test::Parts withPhotos = test::unzipParts(fuzz::savedEstimateWithPhotos());
+    for (int i = 0; i < int(std::size(fuzz::kPhotoParts)); ++i)
+        for (const auto &[name, data] : withPhotos)
+            if (name == QLatin1String(fuzz::kPhotoParts[i]))
+                write(out.filePath(QStringLiteral("fuzz_photo_sheet/part%1").arg(i)), char(i) + data);
+    QFile xls(QDir(test::xlsSampleFolder()).filePath(QStringLiteral("empty.xls")));
+    if (xls.open(QIODevice::ReadOnly)) {
+        const QByteArray bytes = xls.readAll();
+        write(out.filePath(QStringLiteral("fuzz_xls/empty.xls")), bytes);
+        write(out.filePath(QStringLiteral("fuzz_xls_stream/empty")), workbook::detail::workbookStream(bytes, {}));
+    }
     return 0;
 }

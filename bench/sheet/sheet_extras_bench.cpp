@@ -1,11 +1,14 @@
 // What the date dialog and start-up cost: the era date through ICU (a calendar and a
-// formatter are made for every call), a whole slip proposal, and reading the company file.
+// formatter are made for every call), confirming a slip in the ledger (a proposal and one
+// committed statement in the SQLite file), and reading the company file.
 
 #include "bench_main.h"
 #include "sheet/company_block.h"
 #include "sheet/era_date.h"
+#include "sheet/slip_ledger.h"
 #include "sheet/slip_numbering.h"
 
+#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -20,13 +23,20 @@ void BM_EraDate(benchmark::State &state)
 }
 BENCHMARK(BM_EraDate);
 
-void BM_ProposeSlip(benchmark::State &state)
+void BM_ConfirmSlip(benchmark::State &state)
 {
-    const QDate day(2024, 1, 5);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(est::sheet::proposeSlip(QStringLiteral("017"), QStringLiteral("240105"), day));
+    QTemporaryDir folder;
+    est::sheet::SlipLedger ledger(est::sheet::openSlipLedgerDatabase(folder.path()).database);
+    QDate day(2024, 1, 5);
+    int n = 0;
+    for (auto _ : state) {
+        if (++n % 30000 == 0)
+            day = day.addDays(1); // stay within a day's 16-bit counter
+        const est::sheet::SlipProposal p = est::sheet::proposeSlip(*ledger.state(day), day);
+        benchmark::DoNotOptimize(est::sheet::issueProposal(ledger, p, day));
+    }
 }
-BENCHMARK(BM_ProposeSlip);
+BENCHMARK(BM_ConfirmSlip)->Unit(benchmark::kMillisecond);
 
 void BM_ParseCompanyFile(benchmark::State &state)
 {

@@ -7,6 +7,7 @@
 #include "bench_main.h"
 #include "hostile_workbooks.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 
 #include <QFile>
 
@@ -35,7 +36,7 @@ void resetPeak()
         refs.write("5");
 }
 
-void open(benchmark::State &state, const QByteArray &bytes)
+void open(benchmark::State &state, const QByteArray &bytes, bool photos = false)
 {
     int refused = 0;
     resetPeak();
@@ -44,6 +45,8 @@ void open(benchmark::State &state, const QByteArray &bytes)
             auto book = workbook::Workbook::fromBytes(bytes);
             Session s;
             workbook::readEstimate(*book, s);
+            if (photos)
+                s.photos = workbook::readPhotos(*book);
         } catch (const workbook::WorkbookError &) {
             ++refused;
         }
@@ -59,6 +62,7 @@ void BM_EndRecords(benchmark::State &state) { open(state, test::manyEndRecordsWo
 void BM_SheetsOnOnePart(benchmark::State &state) { open(state, test::sheetsOnOnePartWorkbook(5000)); }
 void BM_PartsJustUnderTheLimit(benchmark::State &state) { open(state, test::partsJustUnderTheLimitWorkbook()); }
 void BM_DenseSheet(benchmark::State &state) { open(state, test::denseSheetWorkbook()); }
+void BM_PhotosAtTheLimits(benchmark::State &state) { open(state, test::photoSheetAtTheLimitsWorkbook(), true); }
 
 BENCHMARK(BM_FullEstimate)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LongSharedString)->Unit(benchmark::kMillisecond);
@@ -66,6 +70,7 @@ BENCHMARK(BM_EndRecords)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SheetsOnOnePart)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PartsJustUnderTheLimit)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_DenseSheet)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PhotosAtTheLimits)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

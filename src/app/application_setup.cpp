@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -18,6 +19,10 @@ void setApplicationNames()
 void setUpApplication(QApplication &application)
 {
     setApplicationNames();
+    // The desktop entry and icon of an installed program (packaging/); desktops match the
+    // windows to the entry by this name (Wayland) or the window class EstimateApp (X11).
+    QGuiApplication::setDesktopFileName(QStringLiteral("estimate"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("estimate")));
     QFont font(QStringLiteral("Noto Sans CJK JP"));
     font.setPointSize(10);
     QApplication::setFont(font);

@@ -55,33 +55,62 @@ CommandLine parseWindow(const QStringList &args)
     return {};
 }
 
+// The arguments of a command for scripts: the command's own name is skipped, `option` reads
+// each option (false for one it does not know; it may take the next argument as a value
+// through `i`), and the other arguments are the command's files (`count` of them). Empty on success, else
+// the reason for refusing.
+template <typename ReadOption>
+QString readScriptArguments(const QStringList &args, const QString &command, const QString &wrongCount,
+                            ReadOption option, QStringList *files, qsizetype count = 2)
+{
+    for (qsizetype i = 1; i < args.size(); ++i) {
+        const QString &a = args.at(i);
+        if (a == command)
+            continue;
+        if (!isOption(a)) {
+            files->append(a);
+            continue;
+        }
+        QString refusal;
+        if (!option(a, i, &refusal))
+            return refusal.isEmpty() ? unknownOption(a) : refusal;
+    }
+    return files->size() == count ? QString() : wrongCount;
+}
+
 CommandLine parsePdf(const QStringList &args)
 {
     CommandLine line;
     line.kind = CommandKind::Pdf;
-    QStringList files;
-    for (qsizetype i = 1; i < args.size(); ++i) {
-        const QString &a = args.at(i);
-        if (a == QLatin1String("--pdf"))
-            continue;
+    print::PrintOptions &options = line.pdf.options;
+    const auto option = [&args, &options](const QString &a, qsizetype &i, QString *refusal) {
         if (a == QLatin1String("--layout")) {
-            if (i + 1 >= args.size() || !print::parseLayout(args.at(i + 1), &line.pdf.options.layout))
-                return refused(QStringLiteral("--layout には A か B を指定してください。"));
+            if (i + 1 >= args.size() || !print::parseLayout(args.at(i + 1), &options.layout)) {
+                *refusal = QStringLiteral("--layout には A か B を指定してください。");
+                return false;
+            }
             ++i;
         } else if (a == QLatin1String("--copy")) {
-            line.pdf.options.shopCopy = true;
+            options.shopCopy = true;
         } else if (a == QLatin1String("--paint")) {
-            line.pdf.options.paintSheet = true;
+            options.paintSheet = true;
         } else if (a == QLatin1String("--sub")) {
-            line.pdf.options.subSheet = true;
-        } else if (isOption(a)) {
-            return refused(unknownOption(a));
+            options.subSheet = true;
+        } else if (a == QLatin1String("--photos")) {
+            options.photos = print::PhotoPages::Four;
+        } else if (a == QLatin1String("--photos-large")) {
+            options.photos = print::PhotoPages::One;
         } else {
-            files.append(a);
+            return false;
         }
-    }
-    if (files.size() != 2)
-        return refused(QStringLiteral("ブックと出力するPDFの2つのパスを指定してください。"));
+        return true;
+    };
+    QStringList files;
+    const QString refusal = readScriptArguments(args, QStringLiteral("--pdf"),
+                                                QStringLiteral("ブックと出力するPDFの2つのパスを指定してください。"),
+                                                option, &files);
+    if (!refusal.isEmpty())
+        return refused(refusal);
     line.pdf.workbook = files.at(0);
     line.pdf.output = files.at(1);
     return line;
@@ -91,22 +120,34 @@ CommandLine parseInvoiceXml(const QStringList &args)
 {
     CommandLine line;
     line.kind = CommandKind::InvoiceXml;
+    bool &replace = line.invoice.replace;
+    const auto option = [&replace](const QString &a, qsizetype &, QString *) {
+        replace = replace || a == QLatin1String("--replace");
+        return a == QLatin1String("--replace");
+    };
     QStringList files;
-    for (qsizetype i = 1; i < args.size(); ++i) {
-        const QString &a = args.at(i);
-        if (a == QLatin1String("--invoice-xml"))
-            continue;
-        if (a == QLatin1String("--replace"))
-            line.invoice.replace = true;
-        else if (isOption(a))
-            return refused(unknownOption(a));
-        else
-            files.append(a);
-    }
-    if (files.size() != 2)
-        return refused(QStringLiteral("ブックと出力するXMLの2つのパスを指定してください。"));
+    const QString refusal = readScriptArguments(args, QStringLiteral("--invoice-xml"),
+                                                QStringLiteral("ブックと出力するXMLの2つのパスを指定してください。"),
+                                                option, &files);
+    if (!refusal.isEmpty())
+        return refused(refusal);
     line.invoice.workbook = files.at(0);
     line.invoice.output = files.at(1);
+    return line;
+}
+
+CommandLine parseCompare(const QStringList &args)
+{
+    CommandLine line;
+    line.kind = CommandKind::Compare;
+    const auto noOption = [](const QString &, qsizetype &, QString *) { return false; };
+    QStringList files;
+    const QString refusal = readScriptArguments(
+        args, QStringLiteral("--compare"), QStringLiteral("比較する2つのブックと出力するPDFの3つのパスを指定してください。"),
+        noOption, &files, 3);
+    if (!refusal.isEmpty())
+        return refused(refusal);
+    line.compare = {files.at(0), files.at(1), files.at(2)};
     return line;
 }
 
@@ -117,13 +158,16 @@ CommandLine parseCommandLine(const QStringList &arguments)
     const QStringList args = arguments.isEmpty() ? QStringList{QString()} : arguments;
     const QStringList rest = args.mid(1);
     if (rest.contains(QLatin1String("--help")) || rest.contains(QLatin1String("-h")))
-        return CommandLine{CommandKind::Help, {}, {}, {}};
+        return CommandLine{CommandKind::Help, {}, {}, {}, {}};
     if (rest.contains(QLatin1String("--version")))
-        return CommandLine{CommandKind::Version, {}, {}, {}};
+        return CommandLine{CommandKind::Version, {}, {}, {}, {}};
     const bool pdf = rest.contains(QLatin1String("--pdf"));
     const bool invoice = rest.contains(QLatin1String("--invoice-xml"));
-    if (pdf && invoice)
-        return refused(QStringLiteral("--pdf と --invoice-xml は一緒に使えません。"));
+    const bool compare = rest.contains(QLatin1String("--compare"));
+    if (int(pdf) + int(invoice) + int(compare) > 1)
+        return refused(QStringLiteral("--pdf、--invoice-xml、--compare は一緒に使えません。"));
+    if (compare)
+        return parseCompare(args);
     if (pdf)
         return parsePdf(args);
     if (invoice)
@@ -141,11 +185,14 @@ QString helpText(const QString &appFolder)
                "      見積書作成の画面を開きます。\n"
                "\n"
                "  estimate --pdf ブック 出力.pdf [--layout A|B] [--copy] [--paint] [--sub]\n"
+               "                [--photos | --photos-large]\n"
                "      保存した見積ブックを、画面を開かずにPDFにします。\n"
                "        --layout A|B  レイアウトA（明細のあとに合計）かB（合計が先）。省略時はA\n"
                "        --copy        控えも出力する\n"
                "        --paint       塗装明細も出力する\n"
                "        --sub         指数明細も出力する\n"
+               "        --photos      写真も出力する（1ページに4枚、説明付き）\n"
+               "        --photos-large 写真を1ページに1枚ずつ大きく出力する\n"
                "      終了コード: 0 完了、1 引数の誤り、2 ブックが見つからないか読めない、\n"
                "                  3 PDFを書けない\n"
                "\n"
@@ -155,13 +202,20 @@ QString helpText(const QString &appFolder)
                "      終了コード: 0 完了、1 引数の誤り、2 ブックが読めないか請求書にできない、\n"
                "                  3 ファイルが既にあるか書けない\n"
                "\n"
+               "  estimate --compare 修正前のブック 修正後のブック 出力.pdf\n"
+               "      2つの見積の違い（追加・削除・変更した明細と合計）を修正内容比較表のPDFにします。\n"
+               "      終了コード: 0 完了、1 引数の誤り、2 ブックが見つからないか読めない、\n"
+               "                  3 PDFを書けない\n"
+               "\n"
                "  estimate --help      この説明を表示します。\n"
                "  estimate --version   バージョンを表示します。\n"
                "\n"
                "画面を開くときは Qt の標準オプション（-platform など）も使えます。\n"
                "\n"
                "データの置き場所（アプリケーションフォルダ）: %2\n"
-               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n")
+               "環境変数 ESTIMATE_APP_HOME にフォルダを指定すると、そのフォルダを使います。\n"
+               "環境変数 ESTIMATE_DB に共有サーバー（PostgreSQL）の接続文字列を指定すると、\n"
+               "データベースをそのサーバーで使います（例: ESTIMATE_DB='host=/run/postgresql dbname=shop'）。\n")
         .arg(QStringLiteral(ESTIMATE_VERSION), QDir::toNativeSeparators(appFolder));
 }
 

@@ -3,6 +3,7 @@
 // version, or run a command for scripts without a window), read before any window exists so
 // that a wrong argument never opens one.
 
+#include "compare/compare_command.h"
 #include "einvoice/invoice_export.h"
 #include "print/pdf_command.h"
 
@@ -11,7 +12,7 @@
 
 namespace est::app {
 
-enum class CommandKind { Window, Help, Version, Pdf, InvoiceXml, Refused };
+enum class CommandKind { Window, Help, Version, Pdf, InvoiceXml, Compare, Refused };
 
 // Exit status of a refused command line (the same as the script commands' wrong arguments).
 inline constexpr int kUsageExitStatus = 1;
@@ -21,6 +22,7 @@ struct CommandLine
     CommandKind kind = CommandKind::Window;
     print::PdfRequest pdf;             // kind Pdf
     einvoice::InvoiceRequest invoice;  // kind InvoiceXml
+    compare::CompareRequest compare;   // kind Compare
     QString refusal;                   // kind Refused: which argument and why
 };
 

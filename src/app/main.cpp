@@ -15,14 +15,15 @@
 
 namespace {
 
-int runPdf(int argc, char *argv[], const est::print::PdfRequest &request)
+// A command that draws pages: no window is shown, so it works without a display.
+template <typename Command>
+int runDrawing(int argc, char *argv[], Command command)
 {
-    // No window is shown: the command works without a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
     QTextStream errors(stderr);
-    return est::print::runPdfCommand(request, est::db::applicationFolder(), errors);
+    return command(est::db::applicationFolder(), errors);
 }
 
 int runInvoiceXml(int argc, char *argv[], const est::einvoice::InvoiceRequest &request)
@@ -79,9 +80,15 @@ int main(int argc, char *argv[])
     case CommandKind::Refused:
         return answer(argc, argv, command);
     case CommandKind::Pdf:
-        return runPdf(argc, argv, command.pdf);
+        return runDrawing(argc, argv, [&command](const QString &folder, QTextStream &errors) {
+            return est::print::runPdfCommand(command.pdf, folder, errors);
+        });
     case CommandKind::InvoiceXml:
         return runInvoiceXml(argc, argv, command.invoice);
+    case CommandKind::Compare:
+        return runDrawing(argc, argv, [&command](const QString &folder, QTextStream &errors) {
+            return est::compare::runCompareCommand(command.compare, folder, errors);
+        });
     case CommandKind::Window:
         break;
     }

@@ -58,7 +58,7 @@ void wireReports(AppContext &context)
             if (ready(shared->library, shared->opened))
                 reports::recordSaved(shared->library, folder, path, context.session);
         });
-        context.store->setOpenDialogHook([shared, folder, &context](workbook::DlgOpen &dialog) {
+        context.store->addOpenDialogHook([shared, folder, &context](workbook::DlgOpen &dialog) {
             if (!ready(shared->library, shared->opened))
                 return;
             reports::refreshWithProgress(shared->library, folder, &dialog);

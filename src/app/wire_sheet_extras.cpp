@@ -10,6 +10,7 @@
 #include "sheet/frm_hikazei_setting.h"
 #include "sheet/frm_kaisya.h"
 #include "sheet/frm_mitumori.h"
+#include "sheet/slip_ledger.h"
 #include "sheet/slip_numbering.h"
 
 #include <QDir>
@@ -41,11 +42,28 @@ void readCompanyAtStartup(AppContext &context)
         context.messages.inform(error, QStringLiteral("自社情報"), MessageIcon::Critical);
 }
 
+// The counter that earlier versions kept in this user's settings joins the ledger once; a
+// ledger that cannot be written now is tried again at the next start.
+void takeOverOldSlipCounter(AppContext &context)
+{
+    const db::OpenResult opened = sheet::openSlipLedgerDatabase(context.appFolder);
+    if (!opened.ok())
+        return;
+    sheet::SlipLedger ledger(opened.database);
+    auto settings = sheet::openSlipSettings();
+    sheet::takeOverSlipSettings(ledger, *settings);
+}
+
 // The date dialog; true when a slip number was issued.
 bool runDateDialog(AppContext &context)
 {
-    auto settings = sheet::openSlipSettings();
-    sheet::DlgDay dialog(context.session, context.messages, context.clock, *settings, context.sheet);
+    const db::OpenResult opened = sheet::openSlipLedgerDatabase(context.appFolder);
+    if (!opened.ok()) {
+        context.messages.inform(opened.error, QStringLiteral("警告"), MessageIcon::Critical);
+        return false;
+    }
+    sheet::SlipLedger ledger(opened.database);
+    sheet::DlgDay dialog(context.session, context.messages, context.clock, ledger, context.sheet);
     return dialog.run() == QDialog::Accepted;
 }
 
@@ -66,11 +84,7 @@ void showSingle(QPointer<Window> &slot, Make make)
 
 void wireSheetExtras(AppContext &context)
 {
-    context.startupSteps.append([&context] {
-        auto settings = sheet::openSlipSettings();
-        sheet::loadSlipSettings(context.session, *settings, context.clock.today());
-        sheet::saveSlipSettings(context.session, *settings);
-    });
+    context.startupSteps.append([&context] { takeOverOldSlipCounter(context); });
     context.startupSteps.append([&context] { readCompanyAtStartup(context); });
 
     // After the file-name dialog: the date dialog, which asks for the rate dialog next.

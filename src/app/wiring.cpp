@@ -14,6 +14,8 @@ void wireSubsystems(AppContext &context)
     wireIndices(context);
     wireReports(context);
     wirePrint(context);
+    wireCompare(context);
+    wirePhotos(context);
     wireMasters(context);
     wireSimple(context);
 }

@@ -28,6 +28,10 @@ void wireIndices(AppContext &context);
 void wireReports(AppContext &context);
 // Printing: dlgPrint from the sheet, dlgOpenXls from the start dialog, frmPrinter from the hub.
 void wirePrint(AppContext &context);
+// frmHikaku from the sheet's 比較 and from the open dialog; the sheet's 修正見積.
+void wireCompare(AppContext &context);
+// frmPhoto from the sheet's 写真.
+void wirePhotos(AppContext &context);
 // Master-data editors of the settings hub: frmBSetting, frmFukaSetting, frmKisoSetting, frmPaintName.
 void wireMasters(AppContext &context);
 // Simple estimate: the chain of its screens for the work item editor's 簡易見積.

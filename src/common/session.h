@@ -8,6 +8,7 @@
 #include "common/paint_state.h"
 #include "common/simple_state.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -84,6 +85,20 @@ struct NonTaxableItems
     bool present = false;
 };
 
+// A photo of the damage kept with the estimate: the image as stored (JPEG or PNG, upright,
+// its long side at most 1,600 pixels) and its caption.
+struct EstimatePhoto
+{
+    QByteArray image;
+    QString caption;
+    bool operator==(const EstimatePhoto &) const = default;
+};
+inline constexpr int kMaxPhotos = 60;
+inline constexpr int kMaxPhotoSide = 1600;
+// The stored photos of one estimate together, so that its workbook stays within what a
+// workbook may be (about 100 photos' worth; 60 camera photos take 15 to 30 MB).
+inline constexpr qsizetype kMaxPhotoBytes = 40 * 1024 * 1024;
+
 struct Session
 {
     SheetState sheetState = SheetState::NotStarted;
@@ -103,6 +118,8 @@ struct Session
     QString workbookPath;
     // The estimate's workbook file name, "<yymmdd><text>.xlsx" (file-name dialog or open dialog).
     QString fileName;
+    // Revision of the estimate: 1 for the first, 2 for "<name>_R2.xlsx" (修正2) and so on.
+    std::int16_t revision = 1;
 
     EstimateHeader header;
     QList<EstimateRow> rows;   // work rows; rows[0] is row number 1 on the sheet
@@ -139,6 +156,15 @@ struct Session
 
     // Simple estimate: work kind, vehicle classes and colour chosen last.
     SimpleEstimateState simple;
+
+    // Photos of the damage, in their order (sheet "写真" of the workbook).
+    QList<EstimatePhoto> photos;
 };
+
+// "修正3" for a revised estimate (caption of the sheet, every printed page); empty for the first.
+inline QString revisionCaption(int revision)
+{
+    return revision > 1 ? QStringLiteral("修正%1").arg(revision) : QString();
+}
 
 } // namespace est

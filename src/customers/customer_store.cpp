@@ -1,6 +1,7 @@
 #include "customers/customer_store.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/transaction_guard.h"
 
 #include <QSqlError>
@@ -17,10 +18,11 @@ const QString kVehicles = QStringLiteral("\"Kokyaku_Syaryou\"");
 // Numbers are text; they are ordered by their integer value, then by the text itself, so
 // "9" comes before "10" and the order is total even for odd entries made in the table
 // maintenance screen. The schema indexes exactly these expressions.
-const QString kCustomerOrder = QStringLiteral("CAST(\"KNo\" AS INTEGER), \"KNo\"");
-const QString kCustomerOrderDesc = QStringLiteral("CAST(\"KNo\" AS INTEGER) DESC, \"KNo\" DESC");
-const QString kVehicleOrder = QStringLiteral("CAST(\"SNo\" AS INTEGER), \"SNo\"");
-const QString kVehicleOrderDesc = QStringLiteral("CAST(\"SNo\" AS INTEGER) DESC, \"SNo\" DESC");
+QString numberOrder(const QSqlDatabase &db, const QString &column, bool descending)
+{
+    const QString direction = descending ? QStringLiteral(" DESC") : QString();
+    return db::integerOf(db, column) + direction + QStringLiteral(", ") + column + direction;
+}
 
 QString columnList(const QStringList &names)
 {
@@ -94,6 +96,13 @@ struct CustomerStore::Queries
         const QString customerColumns = columnList(customerFieldNames());
         const QString vehicleColumns = columnList(vehicleFieldNames());
         const QString selectCustomer = QStringLiteral("SELECT %1 FROM %2 ").arg(customerColumns, kCustomers);
+        const QString kno = db::integerOf(db, QStringLiteral("\"KNo\""));
+        const QString sno = db::integerOf(db, QStringLiteral("\"SNo\""));
+        const QString value = db::integerOf(db, QStringLiteral("?"));
+        const QString kCustomerOrder = numberOrder(db, QStringLiteral("\"KNo\""), false);
+        const QString kCustomerOrderDesc = numberOrder(db, QStringLiteral("\"KNo\""), true);
+        const QString kVehicleOrder = numberOrder(db, QStringLiteral("\"SNo\""), false);
+        const QString kVehicleOrderDesc = numberOrder(db, QStringLiteral("\"SNo\""), true);
         names.setForwardOnly(true);
         vehicles.setForwardOnly(true);
         prepare(names, QStringLiteral("SELECT DISTINCT \"Namae\" FROM %1 WHERE \"Namae\" <> '' ORDER BY \"Namae\"")
@@ -103,25 +112,22 @@ struct CustomerStore::Queries
         // Moving on is two index searches: the same number value with a later text, else
         // the next value (a row-value comparison over the expressions would scan the table).
         prepare(nextSame, selectCustomer
-                              + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) = CAST(? AS INTEGER) AND \"KNo\" > ? "
-                                               "ORDER BY %1 LIMIT 1").arg(kCustomerOrder));
+                              + QStringLiteral("WHERE %2 = %3 AND \"KNo\" > ? ORDER BY %1 LIMIT 1").arg(kCustomerOrder, kno, value));
         prepare(next, selectCustomer
-                          + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) > CAST(? AS INTEGER) ORDER BY %1 LIMIT 1")
-                                .arg(kCustomerOrder));
+                          + QStringLiteral("WHERE %2 > %3 ORDER BY %1 LIMIT 1").arg(kCustomerOrder, kno, value));
         prepare(previousSame, selectCustomer
-                                  + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) = CAST(? AS INTEGER) AND \"KNo\" < ? "
-                                                   "ORDER BY %1 LIMIT 1").arg(kCustomerOrderDesc));
+                                  + QStringLiteral("WHERE %2 = %3 AND \"KNo\" < ? ORDER BY %1 LIMIT 1")
+                                        .arg(kCustomerOrderDesc, kno, value));
         prepare(previous, selectCustomer
-                              + QStringLiteral("WHERE CAST(\"KNo\" AS INTEGER) < CAST(? AS INTEGER) ORDER BY %1 LIMIT 1")
-                                    .arg(kCustomerOrderDesc));
+                              + QStringLiteral("WHERE %2 < %3 ORDER BY %1 LIMIT 1").arg(kCustomerOrderDesc, kno, value));
         prepare(byName, selectCustomer + QStringLiteral("WHERE \"Namae\" = ? ORDER BY %1 LIMIT 1").arg(kCustomerOrder));
         prepare(vehicles, QStringLiteral("SELECT %1 FROM %2 WHERE \"KNo\" = ? ORDER BY %3")
                               .arg(vehicleColumns, kVehicles, kVehicleOrder));
         prepare(vehicleCount, QStringLiteral("SELECT COUNT(*) FROM %1 WHERE \"KNo\" = ?").arg(kVehicles));
-        prepare(lastCustomer, QStringLiteral("SELECT CAST(\"KNo\" AS INTEGER) FROM %1 ORDER BY %2 LIMIT 1")
-                                  .arg(kCustomers, kCustomerOrderDesc));
-        prepare(lastVehicle, QStringLiteral("SELECT CAST(\"SNo\" AS INTEGER) FROM %1 ORDER BY %2 LIMIT 1")
-                                 .arg(kVehicles, kVehicleOrderDesc));
+        prepare(lastCustomer, QStringLiteral("SELECT %3 FROM %1 ORDER BY %2 LIMIT 1")
+                                  .arg(kCustomers, kCustomerOrderDesc, kno));
+        prepare(lastVehicle, QStringLiteral("SELECT %3 FROM %1 ORDER BY %2 LIMIT 1")
+                                 .arg(kVehicles, kVehicleOrderDesc, sno));
         prepare(insertCustomer, QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
                                     .arg(kCustomers, customerColumns, placeholders(kCustomerFieldCount)));
         prepare(insertVehicle, QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")

@@ -2,6 +2,7 @@
 
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/dialect.h"
 
 #include <QFileInfo>
 #include <QSqlError>
@@ -38,11 +39,12 @@ bool ElectronicAddressStore::write(const QString &kno, const ElectronicAddress &
     if (address.isEmpty())
         return remove(kno);
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Kokyaku_Peppol\" (\"KNo\", \"PeppolID\", \"HoujinNo\") "
-                             "VALUES (?, ?, ?)"));
+    q.prepare(db::upsertStatement(QStringLiteral("Kokyaku_Peppol"),
+                                  {QStringLiteral("KNo"), QStringLiteral("PeppolID"), QStringLiteral("HoujinNo")},
+                                  {QStringLiteral("KNo")}));
     q.addBindValue(kno);
-    q.addBindValue(address.peppolId);
-    q.addBindValue(address.corporateNumber);
+    q.addBindValue(db::nonNullText(address.peppolId));
+    q.addBindValue(db::nonNullText(address.corporateNumber));
     return run(q);
 }
 
@@ -56,10 +58,9 @@ bool ElectronicAddressStore::remove(const QString &kno)
 
 ElectronicAddress readElectronicAddress(const QString &appFolder, const QString &kno)
 {
-    const QString path = db::resolve(appFolder, QStringLiteral("temp\\KokyakuDB.mdb"));
-    if (kno.trimmed().isEmpty() || !QFileInfo::exists(path))
+    if (kno.trimmed().isEmpty())
         return {};
-    const db::OpenResult opened = db::openExistingDatabase(path);
+    const db::OpenResult opened = db::openIfPresent(appFolder, QStringLiteral("temp\\KokyakuDB.mdb"));
     return opened.ok() ? ElectronicAddressStore(opened.database).read(kno.trimmed()) : ElectronicAddress{};
 }
 

@@ -1,6 +1,7 @@
 #include "customers/frm_kokyaku_sett.h"
 
 #include "customers/customer_record.h"
+#include "db/database.h"
 #include "db/transaction_guard.h"
 
 #include <QHBoxLayout>
@@ -76,7 +77,8 @@ FrmKokyakuSett::FrmKokyakuSett(Messages &messages, QSqlDatabase database, QWidge
     for (auto [model, table, captions] :
          {std::tuple{m_customers, QStringLiteral("Kokyaku_Jyouhou"), &customerCaptions()},
           std::tuple{m_vehicles, QStringLiteral("Kokyaku_Syaryou"), &vehicleCaptions()}}) {
-        model->setTable(table);
+        // Quoted, so that the server finds the table under its mixed-case name.
+        model->setTable(db::quoteIdentifier(table));
         model->setEditStrategy(QSqlTableModel::OnFieldChange);
         if (!model->select())
             messages.inform(model->lastError().text(), QStringLiteral("顧客データ"), MessageIcon::Critical);
@@ -115,6 +117,9 @@ QTableView *FrmKokyakuSett::makeView(const char *name, QSqlTableModel *model)
     auto *view = new QTableView(this);
     view->setObjectName(QLatin1String(name));
     view->setModel(model);
+    // The server's row number column is not the shop's data.
+    if (const int rowid = model->fieldIndex(QStringLiteral("rowid")); rowid >= 0)
+        view->hideColumn(rowid);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->verticalHeader()->setDefaultSectionSize(22);
     view->installEventFilter(this);

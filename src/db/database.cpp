@@ -1,7 +1,10 @@
 #include "db/database.h"
 
 #include "db/app_folder.h"
+#include "db/dialect.h"
 #include "db/schema_upgrade.h"
+#include "db/server_database.h"
+#include "db/server_settings.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -103,7 +106,7 @@ QString runScript(QSqlDatabase &database, const QString &script)
         return database.lastError().text();
     QSqlQuery query(database);
     for (const QString &statement : splitStatements(script)) {
-        if (!query.exec(statement)) {
+        if (!query.exec(isServer(database) ? toServerStatement(statement) : statement)) {
             const QString error = query.lastError().text() + QStringLiteral("\n") + statement.left(200);
             database.rollback();
             return error;
@@ -198,6 +201,8 @@ OpenResult openDatabase(const QString &appFolder, const QString &relative)
     OpenResult result;
     const QString fullPath = resolve(appFolder, relative);
     const QFileInfo info(fullPath);
+    if (const QString server = serverConnection(); !server.isEmpty() && isServerDatabase(info.completeBaseName()))
+        return openServerDatabase(server, info.completeBaseName());
     if (!info.exists()) {
         if (!QDir().mkpath(info.absolutePath())) {
             result.error = QStringLiteral("フォルダ %1 を作成できませんでした。")
@@ -220,6 +225,15 @@ OpenResult openDatabase(const QString &appFolder, const QString &relative)
     return result;
 }
 
+OpenResult openIfPresent(const QString &appFolder, const QString &relative)
+{
+    const QString fullPath = resolve(appFolder, relative);
+    const QString baseName = QFileInfo(fullPath).completeBaseName();
+    if (const QString server = serverConnection(); !server.isEmpty() && isServerDatabase(baseName))
+        return openServerDatabase(server, baseName, false);
+    return openExistingDatabase(fullPath);
+}
+
 void closeDatabase(const QString &fullPath)
 {
     const QString name = QFileInfo(fullPath).absoluteFilePath();
@@ -235,7 +249,9 @@ void closeDatabase(const QString &fullPath)
 bool tableExists(const QSqlDatabase &database, const QString &table)
 {
     QSqlQuery query(database);
-    query.prepare(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?"));
+    query.prepare(isServer(database) ? QStringLiteral("SELECT 1 FROM information_schema.tables WHERE table_schema = "
+                                                      "current_schema() AND table_name = ?")
+                                     : QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?"));
     query.addBindValue(table);
     return query.exec() && query.next();
 }

@@ -1,6 +1,8 @@
 #pragma once
-// Opening the program's SQLite database files by their relative path. A missing file is
-// made from the schema and sample data kept as SQL text in the program (data/<name>.sql).
+// Opening the program's databases by the relative path of their file. Without a server (see
+// server_settings.h) that is the SQLite file, a missing file made from the schema and sample
+// data kept as SQL text in the program (data/<name>.sql); with one, the file's schema on the
+// server (server_database.h).
 
 #include <QSqlDatabase>
 #include <QString>
@@ -27,6 +29,10 @@ OpenResult openDatabase(const QString &appFolder, const QString &relative);
 
 // Opens an existing file only; never creates it.
 OpenResult openExistingDatabase(const QString &fullPath);
+
+// Opens the database at `relative` only when it exists (the file, or its schema on the server
+// in force); never creates it.
+OpenResult openIfPresent(const QString &appFolder, const QString &relative);
 
 // Closes and forgets the connection of that file (before it is replaced or deleted).
 void closeDatabase(const QString &fullPath);

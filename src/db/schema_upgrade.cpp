@@ -2,6 +2,7 @@
 
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/transaction_guard.h"
 
 #include <QDir>
@@ -10,6 +11,8 @@
 #include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
+
+#include <algorithm>
 
 namespace est::db {
 
@@ -43,6 +46,12 @@ QString addCompanyExtras(QSqlDatabase &database)
 QString addShopPeppolId(QSqlDatabase &database)
 {
     return runAddOn(database, QStringLiteral("Jisya_Jyouhou.peppol"));
+}
+
+// Jisya_Jyouhou 4: the slip ledger, empty (the counters of the settings join it at start-up).
+QString addSlipLedger(QSqlDatabase &database)
+{
+    return runAddOn(database, QStringLiteral("Jisya_Jyouhou.slips"));
 }
 
 // KokyakuDB 2: the customers' Peppol IDs and corporate numbers.
@@ -98,7 +107,7 @@ QString runStep(QSqlDatabase &database, const SchemaStep &step)
 QList<SchemaStep> schemaSteps(const QString &baseName)
 {
     if (baseName == QLatin1String("Jisya_Jyouhou"))
-        return {{2, addCompanyExtras}, {3, addShopPeppolId}};
+        return {{2, addCompanyExtras}, {3, addShopPeppolId}, {4, addSlipLedger}};
     if (baseName == QLatin1String("KokyakuDB"))
         return {{2, addCustomerPeppolIds}};
     if (baseName == QLatin1String("PartDB"))
@@ -118,7 +127,9 @@ int recordedLayout(const QSqlDatabase &database)
     QSqlQuery query(database);
     if (!query.exec(QStringLiteral("SELECT MAX(\"version\") FROM ") + quoteIdentifier(kVersionTable)) || !query.next())
         return -1;
-    return query.value(0).isNull() ? 1 : query.value(0).toInt();
+    if (query.value(0).isNull())
+        return 1;
+    return std::max(query.value(0).toInt(), -1);
 }
 
 QString recordLayout(QSqlDatabase &database, int version)
@@ -182,7 +193,7 @@ QString createMissingTables(QSqlDatabase &database, const QString &script, bool 
     for (const QString &statement : statements) {
         if (!missing.contains(statementTable(statement)) || (!withRows && insert.match(statement).hasMatch()))
             continue;
-        if (!query.exec(statement))
+        if (!query.exec(isServer(database) ? toServerStatement(statement) : statement))
             return query.lastError().text() + QStringLiteral("\n") + statement.left(200);
     }
     return {};
@@ -196,8 +207,7 @@ UpgradeOutcome upgradeDatabase(QSqlDatabase &database, const QList<SchemaStep> &
     outcome.from = outcome.to = recordedLayout(database);
     if (outcome.from < 0) {
         outcome.state = UpgradeOutcome::State::Failed;
-        outcome.message = QStringLiteral("%1 の形式の版を読めませんでした（%2）。")
-                              .arg(name, database.lastError().text());
+        outcome.message = QStringLiteral("%1 の形式の版を読めませんでした。変更せずに開きます。").arg(name);
         return outcome;
     }
     if (outcome.from > current) {
@@ -213,9 +223,22 @@ UpgradeOutcome upgradeDatabase(QSqlDatabase &database, const QList<SchemaStep> &
             pending.append(step);
     if (pending.isEmpty()) {
         // A file made before versions were recorded gets its record; should that fail (a
-        // read-only file), it is still read as it is.
-        if (!tableExists(database, kVersionTable))
-            markLayout(database, outcome.from);
+        // read-only file), it is still read as it is: layout 1 is what a missing record means.
+        if (!tableExists(database, kVersionTable)) {
+            markLayout(database, current);
+            return outcome;
+        }
+        // A record of a layout before the first.
+        if (outcome.from != current) {
+            const QString error = markLayout(database, current);
+            if (!error.isEmpty()) {
+                outcome.state = UpgradeOutcome::State::Failed;
+                outcome.message = QStringLiteral("%1 の形式の版を記録できませんでした（%2）。").arg(name, error);
+                return outcome;
+            }
+            outcome.state = UpgradeOutcome::State::Upgraded;
+            outcome.to = current;
+        }
         return outcome;
     }
     if (!filePath.isEmpty()) {

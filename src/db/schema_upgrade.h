@@ -34,7 +34,8 @@ QList<SchemaStep> schemaSteps(const QString &baseName);
 // The layout this program makes and reads: the version of the last step, else 1.
 int currentLayout(const QList<SchemaStep> &steps);
 
-// The recorded layout, 1 when the database has no record, -1 when it cannot be read.
+// The recorded layout, 1 when the database has no record, -1 when it cannot be read or is
+// below 0.
 int recordedLayout(const QSqlDatabase &database);
 
 // Records `version` as the layout (the table is made when missing). Runs in the caller's

@@ -1,6 +1,7 @@
 #include "mastertable/table_screen.h"
 
 #include "mastertable/table_store.h"
+#include "db/dialect.h"
 
 #include <QDir>
 #include <QSqlError>
@@ -12,10 +13,9 @@ QString checkScreenLayout(const TableScreen &screen, const QSqlDatabase &databas
 {
     const QString cannotOpen = QStringLiteral("%1を開けません。").arg(screen.title);
     // SQLite opens any file lazily; the first read tells whether it is a database at all.
-    QSqlQuery probe(database);
-    if (!probe.exec(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"))) {
+    if (const QString failure = db::probe(database); !failure.isEmpty()) {
         return QStringLiteral("%1 は壊れているか、データベースのファイルではありません。\n%2\n%3")
-            .arg(QDir::toNativeSeparators(database.databaseName()), probe.lastError().text(), cannotOpen);
+            .arg(QDir::toNativeSeparators(database.databaseName()), failure, cannotOpen);
     }
     QStringList problems;
     for (const TableSpec &table : screen.tables)

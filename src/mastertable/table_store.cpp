@@ -1,6 +1,7 @@
 #include "mastertable/table_store.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/transaction_guard.h"
 
 #include <QRegularExpression>
@@ -74,9 +75,9 @@ QString TableStore::checkLayout() const
         return QStringLiteral("データベースが開かれていません。");
     if (!db::tableExists(m_database, m_spec.table))
         return QStringLiteral("表 %1 がありません。").arg(m_spec.table);
-    const QSqlRecord record = m_database.record(db::quoteIdentifier(m_spec.table));
+    const QStringList columns = db::columnNames(m_database, m_spec.table);
     for (const ColumnSpec &c : m_spec.columns)
-        if (record.indexOf(c.field) < 0)
+        if (!columns.contains(c.field))
             return QStringLiteral("表 %1 に列 %2 がありません。").arg(m_spec.table, c.field);
     return {};
 }
@@ -238,10 +239,7 @@ QString TableStore::replaceAll(const QList<QStringList> &rows) const
 QSet<QString> TableStore::referencedValues(const Reference &reference, QString *error) const
 {
     QSet<QString> values;
-    const QSqlRecord record = db::tableExists(m_database, reference.table)
-                                  ? m_database.record(db::quoteIdentifier(reference.table))
-                                  : QSqlRecord();
-    if (record.indexOf(reference.field) < 0) {
+    if (!db::columnNames(m_database, reference.table).contains(reference.field)) {
         *error = QStringLiteral("参照先 %1 の %2 がありません。").arg(reference.table, reference.field);
         return values;
     }

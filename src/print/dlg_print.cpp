@@ -56,6 +56,18 @@ DlgPrint::DlgPrint(Messages &messages, QWidget *parent) : ui::GuardedDialog(mess
     whatLayout->addWidget(m_hikae);
     whatLayout->addWidget(m_paint);
     whatLayout->addWidget(m_psisu);
+    auto *photoRow = new QHBoxLayout;
+    m_photo = named(new QCheckBox(QStringLiteral("写真"), what), "chkPhoto");
+    m_photo4 = named(new QRadioButton(QStringLiteral("4枚ずつ（説明付き）"), what), "optPhoto4");
+    m_photo1 = named(new QRadioButton(QStringLiteral("1枚ずつ大きく"), what), "optPhoto1");
+    auto *photoGroup = new QButtonGroup(what);
+    photoGroup->addButton(m_photo4);
+    photoGroup->addButton(m_photo1);
+    m_photo4->setChecked(true);
+    for (QWidget *w : std::initializer_list<QWidget *>{m_photo, m_photo4, m_photo1})
+        photoRow->addWidget(w);
+    photoRow->addStretch();
+    whatLayout->addLayout(photoRow);
     layout->addWidget(what);
 
     auto *form = new QGroupBox(QStringLiteral("レイアウト"), this);
@@ -98,6 +110,13 @@ DlgPrint::DlgPrint(Messages &messages, QWidget *parent) : ui::GuardedDialog(mess
     m_count->setText(QStringLiteral("印刷枚数は4枚です。"));
     connect(m_hikae, &QCheckBox::toggled, this, &DlgPrint::updateCount);
     connect(m_paint, &QCheckBox::toggled, this, &DlgPrint::updateCount);
+    // The photo pages' form counts only when they are printed.
+    auto photoForm = [this](bool on) {
+        m_photo4->setEnabled(on);
+        m_photo1->setEnabled(on);
+    };
+    photoForm(false);
+    connect(m_photo, &QCheckBox::toggled, this, photoForm);
 }
 
 void DlgPrint::setInvoiceKind(bool invoice)
@@ -107,8 +126,11 @@ void DlgPrint::setInvoiceKind(bool invoice)
 
 PrintOptions DlgPrint::options() const
 {
+    const PhotoPages photos = !m_photo->isChecked() ? PhotoPages::None
+                              : m_photo1->isChecked() ? PhotoPages::One
+                                                      : PhotoPages::Four;
     return PrintOptions{m_layoutB->isChecked() ? Layout::B : Layout::A, m_hikae->isChecked(), m_paint->isChecked(),
-                        m_psisu->isChecked()};
+                        m_psisu->isChecked(), photos};
 }
 
 void DlgPrint::updateCount()

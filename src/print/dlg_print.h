@@ -1,5 +1,6 @@
 #pragma once
-// dlgPrint: what to print (shop copy, paint sheet, paint-index sheet), the announced number
+// dlgPrint: what to print (shop copy, paint sheet, paint-index sheet, the photos four to a page
+// or one large), the announced number
 // of sheets, the layout (remembered in the settings store), and the ways to go on:
 // 印刷 (the printer), プレビュー, PDF保存 and, for the invoice kinds, 電子インボイス保存.
 
@@ -37,6 +38,9 @@ private:
     QCheckBox *m_hikae;
     QCheckBox *m_paint;
     QCheckBox *m_psisu;
+    QCheckBox *m_photo;
+    QRadioButton *m_photo4;
+    QRadioButton *m_photo1;
     QLabel *m_count;
     QRadioButton *m_layoutA;
     QRadioButton *m_layoutB;

@@ -341,6 +341,8 @@ void drawFooter(Canvas &c, const PrintDocument &doc, const PageInfo &info)
     c.text(kMargin, y, 70, 5, doc.shop.item(sheet::CompanyName), c.font(7));
     c.text(kMargin + 70, y, kContentWidth - 140, 5, QStringLiteral("%1 / %2").arg(info.number).arg(info.total),
            c.font(8.5), Qt::AlignCenter);
+    if (!doc.revision.isEmpty())
+        c.text(kMargin + kContentWidth - 70, y, 70, 5, doc.revision, c.font(9, true), Qt::AlignRight | Qt::AlignVCenter);
     if (info.shopCopy) {
         // The shop's copy carries "控" in a box at the top right corner of every page.
         const double bx = kPageWidth - kMargin - 11, by = 3.5;

@@ -66,6 +66,8 @@ std::unique_ptr<Sheet> makeMainSheetA(const PrintDocument &doc);
 std::unique_ptr<Sheet> makeMainSheetB(const PrintDocument &doc);
 std::unique_ptr<Sheet> makePaintSheet(const PrintDocument &doc, bool compact);
 std::unique_ptr<Sheet> makeSubSheet(const PrintDocument &doc);
+// The photos, four to a page with their captions or one large on each page.
+std::unique_ptr<Sheet> makePhotoSheet(const PrintDocument &doc, bool large);
 
 // Rows of a table split into pages: `first` rows fit on the first page, `other` on the
 // rest; the tail (totals block), `tail` rows high, follows the last row on its page or

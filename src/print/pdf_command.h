@@ -1,6 +1,6 @@
 #pragma once
 // The command line for scripts and batch work:
-//   estimate --pdf WORKBOOK OUT.pdf [--layout A|B] [--copy] [--paint] [--sub]
+//   estimate --pdf WORKBOOK OUT.pdf [--layout A|B] [--copy] [--paint] [--sub] [--photos | --photos-large]
 // renders a saved estimate to PDF without a window, with the application folder's
 // own-company data. Needs a QGuiApplication (any platform, "offscreen" will do). The
 // arguments are read by the program's command-line module (app/command_line.h).

@@ -19,6 +19,26 @@ PrintActions::PrintActions(Messages &messages, ui::WaitDialog *wait, QWidget *pa
 
 bool PrintActions::print(const PrintDocument &doc, const PrintOptions &options)
 {
+    const PrintSet set(doc, options);
+    return print(doc.title + QStringLiteral(" ") + doc.slipNumber,
+                 [&set](QPagedPaintDevice &device) { return set.render(device); });
+}
+
+void PrintActions::preview(const PrintDocument &doc, const PrintOptions &options)
+{
+    const PrintSet set(doc, options);
+    preview([&set](QPagedPaintDevice &device) { return set.render(device); });
+}
+
+bool PrintActions::savePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path)
+{
+    const PrintSet set(doc, options);
+    return savePdf(doc.title + QStringLiteral(" ") + doc.slipNumber,
+                   [&set](QPagedPaintDevice &device) { return set.render(device); }, path);
+}
+
+bool PrintActions::print(const QString &name, const Render &render)
+{
     const QPrinterInfo info = programPrinter();
     if (info.isNull()) {
         m_messages.inform(QStringLiteral("プリンタがインストールされていないため印刷できません。\n"
@@ -28,11 +48,11 @@ bool PrintActions::print(const PrintDocument &doc, const PrintOptions &options)
     }
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setFullPage(true);
-    printer.setDocName(doc.title + QStringLiteral(" ") + doc.slipNumber);
+    printer.setDocName(name);
     bool ok = false;
     {
         ui::WaitScope wait(m_wait);
-        ok = PrintSet(doc, options).render(printer);
+        ok = render(printer);
     }
     if (!ok)
         m_messages.inform(QStringLiteral("プリンタ %1 に印刷できませんでした。").arg(info.printerName()), kPrintTitle,
@@ -40,28 +60,27 @@ bool PrintActions::print(const PrintDocument &doc, const PrintOptions &options)
     return ok;
 }
 
-void PrintActions::preview(const PrintDocument &doc, const PrintOptions &options)
+void PrintActions::preview(const Render &render)
 {
     const QPrinterInfo info = programPrinter();
     auto printer = info.isNull() ? std::make_unique<QPrinter>(QPrinter::HighResolution)
                                  : std::make_unique<QPrinter>(info, QPrinter::HighResolution);
     printer->setFullPage(true);
-    const PrintSet set(doc, options);
     QPrintPreviewDialog dialog(printer.get(), m_parent);
     dialog.setObjectName(QStringLiteral("dlgPrintPreview"));
     dialog.setWindowTitle(QStringLiteral("印刷プレビュー"));
     dialog.resize(900, 700);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&set](QPrinter *target) { set.render(*target); });
+                     [&render](QPrinter *target) { render(*target); });
     dialog.exec();
 }
 
-bool PrintActions::savePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path)
+bool PrintActions::savePdf(const QString &name, const Render &render, const QString &path)
 {
     QString error;
     {
         ui::WaitScope wait(m_wait);
-        error = writePdf(doc, options, path);
+        error = writePdfFile(path, name, render);
     }
     if (!error.isEmpty()) {
         m_messages.inform(error, QStringLiteral("PDF保存"), MessageIcon::Critical);

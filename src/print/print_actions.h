@@ -6,6 +6,7 @@
 #include "common/messages.h"
 #include "print/print_document.h"
 #include "print/print_options.h"
+#include "print/print_set.h"
 
 class QWidget;
 
@@ -24,6 +25,11 @@ public:
     void preview(const PrintDocument &doc, const PrintOptions &options);
     // The PDF at `path`, written atomically; tells the user where it went or why it failed.
     bool savePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path);
+
+    // The same for any printed piece: `name` is the printer job's and the PDF's title.
+    bool print(const QString &name, const Render &render);
+    void preview(const Render &render);
+    bool savePdf(const QString &name, const Render &render, const QString &path);
 
 private:
     Messages &m_messages;

@@ -220,6 +220,8 @@ PrintDocument buildPrintDocument(const Session &saved, const QString &honorific,
     doc.closing = texts.closing;
     doc.amountCaption = texts.amountCaption;
     doc.slipNumber = saved.slipNumber;
+    doc.revision = revisionCaption(saved.revision);
+    doc.photos = saved.photos;
     doc.date = saved.estimateDate;
     doc.customerCompany = h.customerCompany.trimmed();
     doc.customerName = h.customerName.trimmed();

@@ -44,6 +44,8 @@ struct PrintDocument
     QString title;             // the document kind ("お見積書")
     bool invoice = false;      // an invoice kind: the qualified-invoice statements apply
     QString slipNumber;        // nine digits
+    QString revision;          // "修正2" on every page of a revised estimate, empty for the first
+    QList<EstimatePhoto> photos;   // printed on pages of their own when asked for
     QString date;              // era date as saved
     QString customerCompany;   // with "御中" printed after it
     QString customerName;

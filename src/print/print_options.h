@@ -8,12 +8,16 @@ namespace est::print {
 // The two alternative designs of the main document and its paint sheet.
 enum class Layout { A, B };
 
+// Pages of the estimate's photos: none, four to a page with captions, or one large.
+enum class PhotoPages { None, Four, One };
+
 struct PrintOptions
 {
     Layout layout = Layout::A;
     bool shopCopy = false;    // chkHikae: the whole set once more, marked "控"
     bool paintSheet = false;  // chkPaint: the paint rows on a sheet of their own
     bool subSheet = false;    // chkPSisu: bumper, additional and paint index details
+    PhotoPages photos = PhotoPages::None;   // chkPhoto with optPhoto4 / optPhoto1
 };
 
 // "A" / "B" as the settings store and the command line name the layouts.

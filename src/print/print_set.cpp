@@ -17,6 +17,8 @@ PrintSet::PrintSet(const PrintDocument &doc, const PrintOptions &options) : m_do
         m_sheets.push_back(makePaintSheet(doc, options.layout == Layout::B));
     if (options.subSheet)
         m_sheets.push_back(makeSubSheet(doc));
+    if (options.photos != PhotoPages::None && !doc.photos.isEmpty())
+        m_sheets.push_back(makePhotoSheet(doc, options.photos == PhotoPages::One));
 }
 
 PrintSet::~PrintSet() = default;
@@ -36,6 +38,14 @@ int PrintSet::pageCount() const
 
 bool PrintSet::render(QPagedPaintDevice &device) const
 {
+    std::vector<const Sheet *> sheets;
+    for (const auto &sheet : m_sheets)
+        sheets.push_back(sheet.get());
+    return renderSheets(device, sheets, m_options.shopCopy);
+}
+
+bool renderSheets(QPagedPaintDevice &device, const std::vector<const Sheet *> &sheets, bool shopCopy)
+{
     device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
     QPainter painter;
     if (!painter.begin(&device))
@@ -43,11 +53,13 @@ bool PrintSet::render(QPagedPaintDevice &device) const
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::TextAntialiasing);
     Canvas canvas(painter);
-    const int total = pagesPerCopy();
+    int total = 0;
+    for (const Sheet *sheet : sheets)
+        total += sheet->pageCount();
     bool first = true;
-    for (int copy = 0; copy < (m_options.shopCopy ? 2 : 1); ++copy) {
+    for (int copy = 0; copy < (shopCopy ? 2 : 1); ++copy) {
         int number = 1;
-        for (const auto &sheet : m_sheets) {
+        for (const Sheet *sheet : sheets) {
             for (int page = 0; page < sheet->pageCount(); ++page) {
                 if (!first)
                     device.newPage();
@@ -59,7 +71,7 @@ bool PrintSet::render(QPagedPaintDevice &device) const
     return painter.end();
 }
 
-QString writePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path)
+QString writePdfFile(const QString &path, const QString &title, const Render &render)
 {
     const QString name = QFileInfo(path).fileName();
     QSaveFile file(path);
@@ -68,10 +80,9 @@ QString writePdf(const PrintDocument &doc, const PrintOptions &options, const QS
     {
         QPdfWriter writer(&file);
         writer.setResolution(600);
-        writer.setTitle(doc.title + QStringLiteral(" ") + doc.slipNumber);
+        writer.setTitle(title);
         writer.setCreator(QStringLiteral("見積書作成"));
-        PrintSet set(doc, options);
-        if (!set.render(writer)) {
+        if (!render(writer)) {
             file.cancelWriting();
             return QStringLiteral("PDFファイル %1 を作成できません。").arg(name);
         }
@@ -80,6 +91,13 @@ QString writePdf(const PrintDocument &doc, const PrintOptions &options, const QS
         return QStringLiteral("PDFファイル %1 を書き込めませんでした（ディスクの空きや書き込み権限を確認してください）。\n%2")
             .arg(name, file.errorString());
     return QString();
+}
+
+QString writePdf(const PrintDocument &doc, const PrintOptions &options, const QString &path)
+{
+    const PrintSet set(doc, options);
+    return writePdfFile(path, doc.title + QStringLiteral(" ") + doc.slipNumber,
+                        [&set](QPagedPaintDevice &device) { return set.render(device); });
 }
 
 } // namespace est::print

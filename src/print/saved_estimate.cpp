@@ -2,6 +2,7 @@
 
 #include "workbook/estimate_files.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 #include "workbook/xls_book.h"
 
 #include <QFileInfo>
@@ -14,6 +15,7 @@ std::optional<SavedEstimate> loadSavedEstimate(const QString &path, QString *err
         auto book = workbook::openForReading(path);
         SavedEstimate saved;
         workbook::readEstimate(*book, saved.session);
+        saved.session.photos = workbook::readPhotosOf(*book);
         const workbook::SheetCells *d = book->cells(QStringLiteral("D"));
         saved.title = workbook::cellText(d->value(1, 2));
         saved.honorific = workbook::cellText(d->value(1, 3));

@@ -2,6 +2,7 @@
 
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 #include "workbook/xls_book.h"
 
 #include <QFileInfo>
@@ -62,6 +63,8 @@ SavedState compareWithWorkbook(const Session &current, const QString &workbookPa
         auto book = workbook::openForReading(workbookPath);
         Session saved;
         workbook::readEstimate(*book, saved);
+        if (workbook::readPhotosOf(*book) != current.photos)
+            return SavedState::Changed;
         // An .xls is never written: the estimate goes into a workbook made from the default template.
         auto *writable = dynamic_cast<workbook::Workbook *>(book.get());
         std::unique_ptr<workbook::Workbook> scratch;

@@ -27,11 +27,10 @@ ShopInfo readShopInfo(const QString &appFolder)
     if (file.exists && file.error.isEmpty())
         shop.block = file.block;
     // Only an existing company database is read: printing never creates one.
-    const QString dbPath = db::resolve(appFolder, QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
     bool recordOk = false;
     const int jNo = shop.item(sheet::CompanyRecordNo).toInt(&recordOk);
-    if (recordOk && QFileInfo::exists(dbPath)) {
-        db::OpenResult opened = db::openExistingDatabase(dbPath);
+    if (recordOk) {
+        db::OpenResult opened = db::openIfPresent(appFolder, QStringLiteral("temp\\Jisya_Jyouhou.mdb"));
         if (opened.ok())
             shop.extras = sheet::CompanyExtrasStore(opened.database).read(jNo);
     }

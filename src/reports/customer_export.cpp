@@ -1,6 +1,7 @@
 #include "reports/customer_export.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "reports/text_codec.h"
 
 #include <QSaveFile>
@@ -60,15 +61,16 @@ QList<QStringList> customerRecords(const QSqlDatabase &kokyaku, QString *error)
 {
     // Customers with their vehicles (or alone), then vehicles whose customer is gone.
     const QString sql =
-        QStringLiteral("SELECT %1, %2, CAST(c.\"KNo\" AS INTEGER) AS k1, c.\"KNo\" AS k2, CAST(v.\"SNo\" AS INTEGER) AS "
+        QStringLiteral("SELECT %1, %2, %5 AS k1, c.\"KNo\" AS k2, %6 AS "
                        "s1, v.\"SNo\" AS s2, 0 AS orphan "
                        "FROM \"Kokyaku_Jyouhou\" c LEFT JOIN \"Kokyaku_Syaryou\" v ON v.\"KNo\" = c.\"KNo\" "
-                       "UNION ALL SELECT %3, %4, NULL, NULL, CAST(v.\"SNo\" AS INTEGER), v.\"SNo\", 1 "
+                       "UNION ALL SELECT %3, %4, NULL, NULL, %6, v.\"SNo\", 1 "
                        "FROM \"Kokyaku_Syaryou\" v WHERE v.\"KNo\" IS NULL OR v.\"KNo\" NOT IN "
                        "(SELECT \"KNo\" FROM \"Kokyaku_Jyouhou\") "
                        "ORDER BY orphan, k1, k2, s1, s2")
             .arg(selectList(kCustomerColumns, "c", false), selectList(kVehicleColumns, "v", false),
-                 selectList(kCustomerColumns, "c", true), selectList(kVehicleColumns, "v", false));
+                 selectList(kCustomerColumns, "c", true), selectList(kVehicleColumns, "v", false),
+                 db::integerOf(kokyaku, QStringLiteral("c.\"KNo\"")), db::integerOf(kokyaku, QStringLiteral("v.\"SNo\"")));
     QSqlQuery q(kokyaku);
     q.setForwardOnly(true);
     if (!q.exec(sql)) {

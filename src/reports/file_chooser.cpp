@@ -18,6 +18,8 @@ FileChooser dialogFileChooser()
             return QFileDialog::getOpenFileName(parent, QStringLiteral("復元するバックアップ"), suggested, zip);
         case FileQuestion::OpenPriceCsv:
             return QFileDialog::getOpenFileName(parent, QStringLiteral("部品価格のCSVファイル"), suggested, csv);
+        case FileQuestion::LegacyFolder:
+            return QFileDialog::getExistingDirectory(parent, QStringLiteral("変換する .xls の見積書があるフォルダ"), suggested);
         }
         return QString();
     };

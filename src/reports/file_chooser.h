@@ -14,6 +14,7 @@ enum class FileQuestion {
     SaveBackup,        // where to write the backup archive
     OpenBackup,        // which archive to restore
     OpenPriceCsv,      // which price list to read
+    LegacyFolder,      // below which folder to convert .xls estimates (a folder, not a file)
 };
 
 // Returns the chosen path, empty when the user cancelled. `suggested` is a full path.

@@ -2,11 +2,14 @@
 
 #include "reports/backup_archive.h"
 #include "reports/customer_export.h"
+#include "reports/legacy_conversion.h"
+#include "workbook/estimate_files.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -66,12 +69,29 @@ FrmExp::FrmExp(QString appFolder, const Clock &clock, FileChooser chooser, Messa
     priceLayout->addWidget(priceButton);
     layout->addWidget(priceBox);
 
+    auto *legacyBox = new QGroupBox(QStringLiteral("旧形式の見積書（.xls）"), this);
+    auto *legacyLayout = new QVBoxLayout(legacyBox);
+    legacyLayout->addWidget(new QLabel(QStringLiteral("選んだフォルダの下にある .xls の見積書をすべて .xlsx にします。\n"
+                                                      "変換済みのものは飛ばします。元のファイルは消しません。"),
+                                       legacyBox));
+    m_beside = new QRadioButton(QStringLiteral("元のファイルと同じフォルダに作る"), legacyBox);
+    m_beside->setObjectName(QStringLiteral("optBeside"));
+    m_beside->setChecked(true);
+    auto *intoEstimates = new QRadioButton(QStringLiteral("Mitsumori フォルダに作る"), legacyBox);
+    intoEstimates->setObjectName(QStringLiteral("optMitsumori"));
+    legacyLayout->addWidget(m_beside);
+    legacyLayout->addWidget(intoEstimates);
+    QPushButton *convertButton = button("cmdConvert", QStringLiteral("旧形式の一括変換…"), legacyBox);
+    legacyLayout->addWidget(convertButton);
+    layout->addWidget(legacyBox);
+
     QPushButton *exit = button("cmdExit", QStringLiteral("閉じる"), this);
     layout->addWidget(exit);
 
     connect(exportButton, &QPushButton::clicked, this, &FrmExp::exportCustomers);
     connect(backupButton, &QPushButton::clicked, this, &FrmExp::backup);
     connect(restoreButton, &QPushButton::clicked, this, &FrmExp::restore);
+    connect(convertButton, &QPushButton::clicked, this, &FrmExp::convertLegacy);
     connect(priceButton, &QPushButton::clicked, this, [this] {
         if (m_priceImport)
             m_priceImport(this);
@@ -149,6 +169,58 @@ void FrmExp::restore()
     }
     messages().inform(QStringLiteral("復元しました。\nプログラムを終了して、もう一度起動してください。"), kTitle,
                       MessageIcon::Information);
+}
+
+namespace {
+
+QString conversionReport(const ConversionOutcome &outcome)
+{
+    constexpr int kListed = 20;
+    QString text = outcome.cancelled ? QStringLiteral("中止しました。\n") : QString();
+    text += QStringLiteral("%1 件を .xlsx に変換しました。").arg(outcome.converted);
+    if (outcome.skipped > 0)
+        text += QStringLiteral("\n変換済みの %1 件は飛ばしました。").arg(outcome.skipped);
+    if (!outcome.failures.isEmpty()) {
+        text += QStringLiteral("\n\n読み取れなかったファイル（%1 件）：").arg(outcome.failures.size());
+        for (qsizetype i = 0; i < std::min<qsizetype>(outcome.failures.size(), kListed); ++i)
+            text += QStringLiteral("\n%1：%2").arg(outcome.failures.at(i).file, outcome.failures.at(i).reason);
+        if (outcome.failures.size() > kListed)
+            text += QStringLiteral("\nほか %1 件").arg(outcome.failures.size() - kListed);
+    }
+    return text;
+}
+
+} // namespace
+
+void FrmExp::convertLegacy()
+{
+    const QString title = QStringLiteral("旧形式の一括変換");
+    const QString folder = m_chooser(this, FileQuestion::LegacyFolder, workbook::estimatesFolder(m_appFolder));
+    if (folder.isEmpty())
+        return;
+    const QStringList files = legacyEstimatesBelow(folder);
+    if (files.isEmpty()) {
+        messages().inform(QStringLiteral("このフォルダには .xls の見積書がありません。\n") + folder, title,
+                          MessageIcon::Information);
+        return;
+    }
+    QProgressDialog progress(QStringLiteral("旧形式の見積書を .xlsx に変換しています…"), QStringLiteral("中止"), 0,
+                             int(files.size()), this);
+    progress.setObjectName(QStringLiteral("dlgConvertProgress"));
+    progress.setWindowTitle(title);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(0);
+    progress.setValue(0);
+    const ConversionPlace place = m_beside->isChecked() ? ConversionPlace::Beside : ConversionPlace::EstimatesFolder;
+    const ConversionOutcome outcome =
+        convertLegacyEstimates(folder, files, place, m_appFolder, [&progress](int done, int) {
+            progress.setValue(done);
+            QApplication::processEvents();
+            return !progress.wasCanceled();
+        });
+    progress.close();
+    messages().inform(conversionReport(outcome), title,
+                      outcome.failures.isEmpty() ? MessageIcon::Information : MessageIcon::Exclamation);
 }
 
 } // namespace est::reports

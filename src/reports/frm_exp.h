@@ -1,7 +1,8 @@
 #pragma once
 // frmExp: data export of the settings hub. Customers and vehicles as CSV (UTF-8 with a
 // byte-order mark, or Shift_JIS), a dated backup archive of all databases and estimates with
-// its restore, and the import of part prices from a maker's CSV price list.
+// its restore, the import of part prices from a maker's CSV price list, and the conversion of
+// a folder of old .xls estimates into .xlsx (旧形式の一括変換).
 
 #include "common/clock.h"
 #include "common/messages.h"
@@ -26,6 +27,7 @@ public:
     void exportCustomers();
     void backup();
     void restore();
+    void convertLegacy();
 
 private:
     QString m_appFolder;
@@ -34,6 +36,7 @@ private:
     std::function<void(QWidget *)> m_priceImport;
     QRadioButton *m_utf8;
     QRadioButton *m_shiftJis;
+    QRadioButton *m_beside;
 };
 
 } // namespace est::reports

@@ -2,6 +2,9 @@
 
 #include "common/number_format.h"
 #include "sheet/document_kind.h"
+#include "workbook/revisions.h"
+
+#include <QHash>
 
 namespace est::reports {
 
@@ -15,6 +18,26 @@ QStringList libraryHeaders()
 QString shownDay(const QDate &day)
 {
     return day.isValid() ? day.toString(QStringLiteral("yyyy/MM/dd")) : QString();
+}
+
+QList<EstimateSummary> newestRevisions(const QList<EstimateSummary> &found)
+{
+    QList<EstimateSummary> kept;
+    QHash<QString, qsizetype> place;   // base name -> index in kept
+    QHash<QString, int> revision;
+    for (const EstimateSummary &s : found) {
+        const workbook::RevisionName name = workbook::parseRevisionName(s.fileName);
+        const auto at = place.constFind(name.base);
+        if (at == place.constEnd()) {
+            place.insert(name.base, kept.size());
+            revision.insert(name.base, name.revision);
+            kept.append(s);
+        } else if (name.revision > revision.value(name.base)) {
+            revision[name.base] = name.revision;
+            kept[*at] = s;
+        }
+    }
+    return kept;
 }
 
 QString customerText(const EstimateSummary &s)

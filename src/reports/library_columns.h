@@ -22,6 +22,9 @@ enum LibraryColumn : int {
 QStringList libraryHeaders();
 // The row as shown: a workbook that cannot be read says so in the kind column.
 QStringList libraryRowTexts(const EstimateSummary &summary);
+// One result per estimate: of an estimate's revisions found, only the newest is kept, in the
+// place of the first one found (the open dialog offers the others).
+QList<EstimateSummary> newestRevisions(const QList<EstimateSummary> &found);
 // The company, then the person, as one text.
 QString customerText(const EstimateSummary &summary);
 // "yyyy/MM/dd", empty for no date.

@@ -109,7 +109,7 @@ LibraryQuery LibrarySearchPanel::query() const
 
 void LibrarySearchPanel::search()
 {
-    QList<EstimateSummary> found = m_library.search(query());
+    QList<EstimateSummary> found = newestRevisions(m_library.search(query()));
     const bool more = found.size() > kShownResults;
     if (more)
         found.resize(kShownResults);

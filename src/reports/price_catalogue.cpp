@@ -1,6 +1,7 @@
 #include "reports/price_catalogue.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/transaction_guard.h"
 #include "workitems/catalogue.h"
 
@@ -13,13 +14,7 @@ namespace {
 
 bool hasColumn(const QSqlDatabase &db, const QString &table, const QString &column)
 {
-    QSqlQuery q(db);
-    if (!q.exec(QStringLiteral("PRAGMA table_info(%1)").arg(db::quoteIdentifier(table))))
-        return false;
-    while (q.next())
-        if (q.value(1).toString() == column)
-            return true;
-    return false;
+    return db::columnNames(db, table).contains(column);
 }
 
 // The upgrade step of a catalogue table: the two price columns after the binding six.

@@ -1,5 +1,7 @@
 #include "sheet/company_extras.h"
 
+#include "db/dialect.h"
+
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
@@ -79,8 +81,10 @@ CompanyExtras CompanyExtrasStore::read(int jNo) const
 bool CompanyExtrasStore::write(int jNo, const CompanyExtras &extras)
 {
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Tuika\" (\"JNo\", \"TourokuNo\", \"MitumoriPrint\", "
-                             "\"Daihyousya\") VALUES (?, ?, ?, ?)"));
+    q.prepare(db::upsertStatement(QStringLiteral("Jisya_Tuika"),
+                                  {QStringLiteral("JNo"), QStringLiteral("TourokuNo"), QStringLiteral("MitumoriPrint"),
+                                   QStringLiteral("Daihyousya")},
+                                  {QStringLiteral("JNo")}));
     q.addBindValue(jNo);
     q.addBindValue(extras.registrationNumber);
     q.addBindValue(extras.numberOnEstimates ? 1 : 0);
@@ -90,9 +94,10 @@ bool CompanyExtrasStore::write(int jNo, const CompanyExtras &extras)
         return false;
     }
     QSqlQuery peppol(m_db);
-    peppol.prepare(QStringLiteral("INSERT OR REPLACE INTO \"Jisya_Peppol\" (\"JNo\", \"PeppolID\") VALUES (?, ?)"));
+    peppol.prepare(db::upsertStatement(QStringLiteral("Jisya_Peppol"), {QStringLiteral("JNo"), QStringLiteral("PeppolID")},
+                                       {QStringLiteral("JNo")}));
     peppol.addBindValue(jNo);
-    peppol.addBindValue(extras.peppolId);
+    peppol.addBindValue(db::nonNullText(extras.peppolId));
     if (!peppol.exec()) {
         m_error = peppol.lastError().text();
         return false;

@@ -10,14 +10,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
 #include <QVBoxLayout>
 
 namespace est::sheet {
 
-DlgDay::DlgDay(Session &session, Messages &messages, const Clock &clock, QSettings &settings, FrmMitumori *sheet,
+DlgDay::DlgDay(Session &session, Messages &messages, const Clock &clock, SlipLedger &ledger, FrmMitumori *sheet,
                QWidget *parent)
-    : GuardedDialog(messages, parent), m_session(session), m_clock(clock), m_settings(settings), m_sheet(sheet)
+    : GuardedDialog(messages, parent), m_session(session), m_clock(clock), m_ledger(ledger), m_sheet(sheet)
 {
     setObjectName(QStringLiteral("dlgDay"));
     setEscapeCancels(true);
@@ -99,7 +98,14 @@ bool DlgDay::eventFilter(QObject *watched, QEvent *event)
 
 bool DlgDay::proposeFor(QDate day)
 {
-    m_proposal = proposeSlip(m_session.denpyoNo, m_session.denpyoDDay, day);
+    const std::optional<SlipLedgerState> state = m_ledger.state(day);
+    if (state) {
+        m_proposal = proposeSlip(*state, day);
+    } else {
+        m_proposal = SlipProposal{};
+        m_proposal.outcome = SlipProposal::Outcome::Unreadable;
+        m_proposal.eraDate = eraDate(day);
+    }
     showProposal();
     switch (m_proposal.outcome) {
     case SlipProposal::Outcome::Issued:
@@ -111,6 +117,10 @@ bool DlgDay::proposeFor(QDate day)
     case SlipProposal::Outcome::Overflow:
         messages().inform(QStringLiteral("伝票番号がこれ以上増やせません。"), QStringLiteral("警告"),
                           MessageIcon::Critical);
+        return false;
+    case SlipProposal::Outcome::Unreadable:
+        messages().inform(QStringLiteral("伝票番号の記録を読めません。\n") + m_ledger.lastError(),
+                          QStringLiteral("警告"), MessageIcon::Critical);
         return false;
     }
     return false;
@@ -174,10 +184,17 @@ void DlgDay::confirm()
         return;
     if (!m_proposal.issued())
         return;
+    const SlipConfirmation issued = issueProposal(m_ledger, m_proposal, m_clock.today());
+    if (!issued.error.isEmpty()) {
+        messages().inform(issued.error, QStringLiteral("警告"), MessageIcon::Critical);
+        return;
+    }
+    m_proposal = issued.proposal;
     confirmSlip(m_session, m_proposal, m_clock.today());
     if (m_sheet)
         m_sheet->showSlip();
-    saveSlipSettings(m_session, m_settings);
+    if (!issued.notice.isEmpty())
+        messages().inform(issued.notice, QStringLiteral("伝票番号"), MessageIcon::Information);
     accept();
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 // dlgDay: shows today's era date and the proposed slip number before a new estimate starts
-// (and from the sheet's "伝票日付変更"); confirming issues the number and stores the counter.
+// (and from the sheet's "伝票日付変更"); confirming issues the number from the slip ledger.
 
 #include "common/clock.h"
 #include "common/messages.h"
 #include "common/session.h"
+#include "sheet/slip_ledger.h"
 #include "sheet/slip_numbering.h"
 #include "uikit/guarded_dialog.h"
 
@@ -12,7 +13,6 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QSettings;
 
 namespace est::sheet {
 
@@ -22,8 +22,8 @@ class DlgDay : public ui::GuardedDialog
 {
     Q_OBJECT
 public:
-    // `sheet` shows the confirmed date and number (may be null); `settings` receives the counter.
-    DlgDay(Session &session, Messages &messages, const Clock &clock, QSettings &settings,
+    // `sheet` shows the confirmed date and number (may be null); `ledger` issues it.
+    DlgDay(Session &session, Messages &messages, const Clock &clock, SlipLedger &ledger,
            FrmMitumori *sheet = nullptr, QWidget *parent = nullptr);
 
     // Proposes the number for today and, unless the last slip is dated after today, shows
@@ -49,7 +49,7 @@ private:
 
     Session &m_session;
     const Clock &m_clock;
-    QSettings &m_settings;
+    SlipLedger &m_ledger;
     FrmMitumori *m_sheet;
     SlipProposal m_proposal;
     QString m_appliedText;  // the typed text the proposal was last made from

@@ -159,6 +159,8 @@ void EstimateSheet::clearEstimate()
     m_session.customer = QStringList(18);
     m_session.vehicle = QStringList(19);
     m_session.company = company;
+    m_session.revision = 1;
+    m_session.photos.clear();
 }
 
 // ---- end and save ------------------------------------------------------------------------

@@ -324,6 +324,9 @@ QWidget *FrmMitumori::buildButtons()
         {SheetButton::Simple, "cmdKani", "簡易見積"},
         {SheetButton::Sales, "cmdUriage", "売上げ"},
         {SheetButton::Print, "cmdPrint", "印刷"},
+        {SheetButton::Revise, "cmdRevise", "修正見積"},
+        {SheetButton::Photo, "cmdPhoto", "写真"},
+        {SheetButton::Compare, "cmdHikaku", "比較"},
         {SheetButton::Save, "cmdSave", "ファイルの保存"},
         {SheetButton::End, "cmdEnd", "終了"},
     };
@@ -389,11 +392,18 @@ void FrmMitumori::clearGrid()
 
 void FrmMitumori::refresh()
 {
+    showRevision();
     refreshHeader();
     showCompany();
     showSlip();
     m_w->lblVersion->setText(EstimateSheet::versionText());
     refreshRows();
+}
+
+void FrmMitumori::showRevision()
+{
+    const QString revision = revisionCaption(m_session.revision);
+    setWindowTitle(revision.isEmpty() ? QStringLiteral("見積書作成") : QStringLiteral("見積書作成　") + revision);
 }
 
 void FrmMitumori::refreshHeader()

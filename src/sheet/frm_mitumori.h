@@ -31,6 +31,9 @@ enum class SheetButton {
     Simple,      // 簡易見積 [cmdKani]
     Sales,       // 売上げ [cmdUriage]
     Print,       // 印刷 [cmdPrint]
+    Compare,     // 比較 [cmdHikaku]
+    Revise,      // 修正見積 [cmdRevise]
+    Photo,       // 写真 [cmdPhoto]
     Save,        // ファイルの保存 [cmdSave]
     End,         // 終了 [cmdEnd]
 };
@@ -55,6 +58,8 @@ public:
     void refreshHeader();
     // Shows the company block and tax rate from the session's company array.
     void showCompany();
+    // The caption: "見積書作成　修正2" for a revised estimate.
+    void showRevision();
     // Shows "estimate date / slip number".
     void showSlip();
     // Puts the non-taxable total into lblHZei and runs the chain from there.

@@ -1,6 +1,6 @@
 #pragma once
-// Slip numbers: today's "yymmdd" followed by a counter of the day ("240105006"). The
-// counter and the date of the last slip live in the per-user settings store between runs.
+// Slip numbers: the day's "yymmdd" followed by a counter of that day ("240105006"). The
+// counters live in the slip ledger (slip_ledger.h); this is the rule of the proposal.
 
 #include "common/session.h"
 
@@ -9,19 +9,20 @@
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace est::sheet {
 
-// The settings store of the program (organisation and application "EstimateApp").
+// The settings store of the program (organisation and application "EstimateApp"), where
+// earlier versions kept the counter.
 std::unique_ptr<QSettings> openSlipSettings();
 
-// Reads "DenpyoNo/DNo" and "DenpyoDDay/DDay" into the session. What is missing keeps the
-// value held in memory; when memory holds nothing either (the very first start) the
-// counter is "000" and the slip date is today's key.
-void loadSlipSettings(Session &session, QSettings &settings, QDate today);
-
-// Writes both values back.
-void saveSlipSettings(const Session &session, QSettings &settings);
+// What the ledger holds for a proposal.
+struct SlipLedgerState
+{
+    int lastOfDay = 0;                  // the last counter issued for the asked day, 0 for none
+    std::optional<QDate> lastConfirmed; // the latest day any slip was confirmed on
+};
 
 // The number the date dialog proposes for a new slip on `day`.
 struct SlipProposal
@@ -30,6 +31,7 @@ struct SlipProposal
         Issued,       // a number is proposed
         DateInFuture, // the last slip is dated after `day`: the clock was set back
         Overflow,     // the counter no longer fits its 16 bits
+        Unreadable,   // the ledger could not be read
     };
     Outcome outcome = Outcome::Issued;
     std::int16_t counter = 0;
@@ -43,10 +45,13 @@ struct SlipProposal
     QString labelText() const;
 };
 
-// Same day as the last slip: counter + 1; a later day: 1; an earlier day: refused.
-// A stored date that cannot be read counts as an earlier day, a stored counter that
-// cannot be read as 0.
-SlipProposal proposeSlip(const QString &storedCounter, const QString &storedDay, QDate day);
+// The day's next counter; a day before the latest day a slip was confirmed on is refused
+// (the clock was set back), as is a counter beyond 16 bits.
+SlipProposal proposeSlip(const SlipLedgerState &state, QDate day);
+
+// The proposal with the counter the ledger actually issued (another seat may have taken the
+// proposed one in the meantime).
+SlipProposal issuedAs(SlipProposal proposal, int counter);
 
 // Takes a confirmed proposal into the session: the stored counter, the slip number and the
 // estimate date of the open estimate. The stored date of the last slip is `today`, whatever

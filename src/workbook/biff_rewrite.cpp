@@ -1,6 +1,7 @@
 #include "workbook/biff_rewrite.h"
 
 #include "workbook/workbook.h"
+#include "workbook/xls_bytes.h"
 #include "workbook/xml_part.h"
 
 #include <QHash>
@@ -16,16 +17,6 @@ constexpr quint16 kBoundSheet = 0x0085;
 constexpr quint16 kSst = 0x00FC;
 constexpr quint16 kExtSst = 0x00FF;   // an index into the table, wrong once it is rewritten; FreeXL ignores it
 constexpr int kMaxRecord = 8224;
-
-quint16 u16(const char *p)
-{
-    return quint16(quint8(p[0]) | quint8(p[1]) << 8);
-}
-
-quint32 u32(const char *p)
-{
-    return quint32(u16(p)) | quint32(u16(p + 2)) << 16;
-}
 
 void put16(QByteArray &out, quint32 v)
 {

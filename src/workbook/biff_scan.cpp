@@ -1,5 +1,6 @@
 #include "workbook/biff_scan.h"
 
+#include "workbook/xls_bytes.h"
 #include "workbook/xml_part.h"
 
 #include <QSet>
@@ -35,21 +36,14 @@ enum Record : quint16 {
 
 constexpr int kMaxRecord = 8224;        // FreeXL's record buffer, the largest BIFF8 record
 constexpr int kMaxXfRecords = 8192;     // FreeXL's table of cell formats
+// FreeXL looks through its date and time formats for every number cell: a spreadsheet program
+// keeps some 200 formats of all kinds, a longer list only costs time.
+constexpr int kMaxDateFormats = 250;
 constexpr quint32 kMaxRows = 65536;
 constexpr quint32 kMaxColumns = 256;
 // FreeXL turns a date-formatted number into a date by counting days one at a time;
 // 31 December 9999 is the last date a spreadsheet shows.
 constexpr double kLastDate = 2958465.0;
-
-quint16 u16(const char *p)
-{
-    return quint16(quint8(p[0]) | quint8(p[1]) << 8);
-}
-
-quint32 u32(const char *p)
-{
-    return quint32(u16(p)) | quint32(u16(p + 2)) << 16;
-}
 
 double f64(const char *p)
 {
@@ -91,11 +85,19 @@ QString errorCode(quint8 code)
     }
 }
 
-// FreeXL's reading of a format code: a date when it has year and month, or month and day.
-bool dateLikeFormat(const QByteArray &ascii)
+// FreeXL's reading of a format code: a date when it has year and month, or month and day;
+// a time when it has hours and minutes, or minutes and seconds.
+struct FormatKind
+{
+    bool date = false;
+    bool dateOrTime = false;
+};
+
+FormatKind formatKind(const QByteArray &ascii)
 {
     auto has = [&ascii](char c) { return ascii.contains(c) || ascii.contains(char(c - 'a' + 'A')); };
-    return (has('y') && has('m')) || (has('m') && has('d'));
+    const bool date = (has('y') && has('m')) || (has('m') && has('d'));
+    return {date, date || (has('h') && has('m')) || (has('m') && has('s'))};
 }
 
 class Scanner
@@ -206,6 +208,7 @@ private:
         m_offsets.append(u32(m_record));
         m_scan.sheets.append({name, {}});
         m_dimensions.append({0, 0, false});
+        m_textCells.append(QSet<quint32>());
     }
 
     void format()
@@ -227,7 +230,10 @@ private:
             need(3 + chars, "FORMAT");
             code = QByteArray(m_record + 3, chars);
         }
-        if (dateLikeFormat(code))
+        const FormatKind kind = formatKind(code);
+        if (kind.dateOrTime && ++m_dateOrTimeFormats > kMaxDateFormats)
+            damaged(QStringLiteral("too many date formats"));
+        if (kind.date)
             m_dateFormats.insert(u16(m_record));
     }
 
@@ -266,25 +272,43 @@ private:
         m_cells += qint64(rows) * columns;
         if (m_cells > m_limits.maxCells)
             damaged(QStringLiteral("too many cells"));
-        if (m_sheet >= 0)
-            m_dimensions[m_sheet] = {rows, columns, true};
+        if (m_sheet < 0)
+            return;
+        // A second one makes FreeXL drop the sheet's cells read so far without freeing them.
+        if (m_dimensions.at(m_sheet).known)
+            damaged(QStringLiteral("second DIMENSION record"));
+        m_dimensions[m_sheet] = {rows, columns, true};
     }
 
+    // What FreeXL does with a cell record: skips it (formulas), keeps a value, or keeps a text
+    // it allocated (a LABEL record, a date).
+    enum class Kept { Nothing, Value, Text };
+
     // A cell must lie in a sheet whose size is known: FreeXL sizes a sheet without one from
-    // its cells, in arithmetic that overflows.
-    void cell(quint32 row, quint32 column, const char *what) const
+    // its cells, in arithmetic that overflows. And a record must not replace a cell whose
+    // text FreeXL allocated, which it would lose without freeing.
+    void cell(quint32 row, quint32 column, const char *what, Kept kept)
     {
         if (m_sheet < 0)
             damaged(QStringLiteral("%1 outside a sheet").arg(QLatin1String(what)));
         const SheetSize &d = m_dimensions.at(m_sheet);
         if (!d.known || row >= d.rows || column >= d.columns)
             damaged(QStringLiteral("%1 outside its sheet (%2, %3)").arg(QLatin1String(what)).arg(row).arg(column));
+        if (kept == Kept::Nothing)
+            return;
+        QSet<quint32> &texts = m_textCells[m_sheet];
+        const quint32 key = xlsCellKey(row, column);
+        if (texts.contains(key))
+            damaged(QStringLiteral("cell (%1, %2) written twice").arg(row).arg(column));
+        if (kept == Kept::Text)
+            texts.insert(key);
     }
 
     void number(quint16 xf, double value)
     {
-        cell(u16(m_record), u16(m_record + 2), "number");
-        if (dateFormatted(xf) && !(std::abs(value) <= kLastDate))
+        const bool date = dateFormatted(xf);
+        cell(u16(m_record), u16(m_record + 2), "number", date ? Kept::Text : Kept::Value);
+        if (date && !(std::abs(value) <= kLastDate))
             damaged(QStringLiteral("date out of range"));
     }
 
@@ -294,9 +318,9 @@ private:
         const quint32 row = u16(m_record);
         quint32 column = u16(m_record + 2);
         for (int off = 4; off + 6 < m_length; off += 6, ++column) {
-            cell(row, column, "number");
-            const double value = rkValue(u32(m_record + off + 2));
-            if (dateFormatted(u16(m_record + off)) && !(std::abs(value) <= kLastDate))
+            const bool date = dateFormatted(u16(m_record + off));
+            cell(row, column, "number", date ? Kept::Text : Kept::Value);
+            if (date && !(std::abs(rkValue(u32(m_record + off + 2))) <= kLastDate))
                 damaged(QStringLiteral("date out of range"));
         }
     }
@@ -304,7 +328,7 @@ private:
     void label()
     {
         need(9, "LABEL");
-        cell(u16(m_record), u16(m_record + 2), "text");
+        cell(u16(m_record), u16(m_record + 2), "text", Kept::Text);
         const int chars = u16(m_record + 6);
         if (!m_biff8) {
             need(8 + chars, "LABEL");
@@ -318,7 +342,7 @@ private:
     void labelSst()
     {
         need(10, "LABELSST");
-        cell(u16(m_record), u16(m_record + 2), "text");
+        cell(u16(m_record), u16(m_record + 2), "text", Kept::Value);
         if (u32(m_record + 6) >= m_sstCount)
             damaged(QStringLiteral("shared string index"));
     }
@@ -337,7 +361,7 @@ private:
         need(8, "BOOLERR");
         const quint32 row = u16(m_record);
         const quint32 column = u16(m_record + 2);
-        cell(row, column, "boolean");
+        cell(row, column, "boolean", Kept::Value);
         const quint8 value = quint8(m_record[6]);
         put(row, column, m_record[7] ? CellValue(CellErrorValue{errorCode(value)}) : CellValue(value != 0));
     }
@@ -348,7 +372,7 @@ private:
         need(20, "FORMULA");
         const quint32 row = u16(m_record);
         const quint32 column = u16(m_record + 2);
-        cell(row, column, "formula");
+        cell(row, column, "formula", Kept::Nothing);
         const char *result = m_record + 6;
         if (u16(result + 6) != 0xFFFF) {
             put(row, column, f64(result));
@@ -412,8 +436,10 @@ private:
     int m_sheet = -1;
     QList<quint32> m_offsets;
     QList<SheetSize> m_dimensions;
+    QList<QSet<quint32>> m_textCells;
     QList<quint16> m_xfFormats;
     QSet<quint16> m_dateFormats;
+    int m_dateOrTimeFormats = 0;
     qint64 m_cells = 0;
     qint64 m_kept = 0;
     bool m_sstSeen = false;

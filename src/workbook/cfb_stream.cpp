@@ -1,5 +1,6 @@
 #include "workbook/cfb_stream.h"
 
+#include "workbook/xls_bytes.h"
 #include "workbook/xml_part.h"
 
 #include <QSet>
@@ -20,16 +21,6 @@ constexpr char kSignature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 constexpr quint32 kMiniCutoff = 4096;
 // The most mini allocation sectors FreeXL is allowed to read (each becomes a list node per entry).
 constexpr quint32 kMaxMiniFatSectors = 64;
-
-quint16 u16(const char *p)
-{
-    return quint16(quint8(p[0]) | quint8(p[1]) << 8);
-}
-
-quint32 u32(const char *p)
-{
-    return quint32(u16(p)) | quint32(u16(p + 2)) << 16;
-}
 
 [[noreturn]] void damaged(const char *what)
 {

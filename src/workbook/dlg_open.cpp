@@ -1,7 +1,9 @@
 #include "workbook/dlg_open.h"
 
 #include "workbook/estimate_files.h"
+#include "workbook/revisions.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
@@ -54,6 +56,9 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     auto *fileBox = new QVBoxLayout;
     fileBox->addWidget(new QLabel(QStringLiteral("見積ファイル"), this));
     fileBox->addWidget(m_files);
+    m_revisions = new QComboBox(this);
+    m_revisions->setObjectName(QStringLiteral("cboRevision"));
+    fileBox->addWidget(m_revisions);
     m_kind = new QLabel(this);
     m_kind->setObjectName(QStringLiteral("lblKind"));
     fileBox->addWidget(m_kind);
@@ -68,7 +73,7 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
     m_dirs->setCurrentItem(root);
     showFolder(folder);
 
-    auto *buttons = new QDialogButtonBox(this);
+    auto *buttons = m_buttons = new QDialogButtonBox(this);
     QPushButton *ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
     ok->setObjectName(QStringLiteral("cmdOK"));
     QPushButton *cancel = buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole);
@@ -79,7 +84,8 @@ DlgOpen::DlgOpen(const QString &folder, Loader loader, Messages &messages, QWidg
         if (item)
             showFolder(item->data(0, Qt::UserRole).toString());
     });
-    connect(m_files, &QListWidget::currentItemChanged, this, &DlgOpen::showKind);
+    connect(m_files, &QListWidget::currentItemChanged, this, &DlgOpen::showRevisions);
+    connect(m_revisions, &QComboBox::currentIndexChanged, this, &DlgOpen::showKind);
     // Choosing a file (double-click or Enter) loads it like OK.
     connect(m_files, &QListWidget::itemActivated, this, &DlgOpen::load);
     connect(ok, &QPushButton::clicked, this, &DlgOpen::load);
@@ -91,17 +97,54 @@ void DlgOpen::showFolder(const QString &path)
 {
     m_shown = path;
     m_files->clear();
-    for (const QString &name : estimateFileNames(path)) {
-        auto *item = new QListWidgetItem(name, m_files);
-        item->setToolTip(fileKindText(name));
+    // An estimate and its revisions are one entry, under the newest revision's name.
+    for (const RevisionGroup &group : groupRevisions(estimateFileNames(path))) {
+        const bool revised = parseRevisionName(group.files.first()).revision > 1;
+        const QList<QStringList> entries = revised ? QList<QStringList>{group.files} : [&group] {
+            QList<QStringList> each;
+            for (const QString &name : group.files)
+                each.append(QStringList{name});
+            return each;
+        }();
+        for (const QStringList &files : entries) {
+            auto *item = new QListWidgetItem(files.first(), m_files);
+            item->setData(Qt::UserRole, files);
+            item->setToolTip(fileKindText(files.first()));
+        }
     }
+    showRevisions();
+}
+
+void DlgOpen::showRevisions()
+{
+    const QListWidgetItem *item = m_files->currentItem();
+    const QStringList files = item ? item->data(Qt::UserRole).toStringList() : QStringList();
+    const QSignalBlocker quiet(m_revisions);
+    m_revisions->clear();
+    for (const QString &name : files) {
+        const int revision = parseRevisionName(name).revision;
+        m_revisions->addItem((revision > 1 ? revisionCaption(revision) : QStringLiteral("当初")) + QStringLiteral("　")
+                                 + name,
+                             name);
+    }
+    m_revisions->setEnabled(files.size() > 1);
     showKind();
+}
+
+QString DlgOpen::chosenName() const
+{
+    const QListWidgetItem *item = m_files->currentItem();
+    if (!item || !item->isSelected())
+        return QString();
+    const QString revision = m_revisions->currentData().toString();
+    return revision.isEmpty() ? item->text() : revision;
 }
 
 void DlgOpen::showKind()
 {
     const QListWidgetItem *item = m_files->currentItem();
-    m_kind->setText(item ? QStringLiteral("種類：") + fileKindText(item->text()) : QString());
+    const QString name = m_revisions->currentData().toString();
+    m_kind->setText(item ? QStringLiteral("種類：") + fileKindText(name.isEmpty() ? item->text() : name) : QString());
 }
 
 void DlgOpen::addPanel(QWidget *panel)
@@ -109,6 +152,19 @@ void DlgOpen::addPanel(QWidget *panel)
     panel->setParent(this);
     m_layout->insertWidget(0, panel, 1);
     resize(std::max(width(), panel->sizeHint().width() + 24), height() + panel->sizeHint().height());
+}
+
+QPushButton *DlgOpen::addButton(const QString &objectName, const QString &caption)
+{
+    QPushButton *button = m_buttons->addButton(caption, QDialogButtonBox::ActionRole);
+    button->setObjectName(objectName);
+    return button;
+}
+
+QString DlgOpen::selectedPath() const
+{
+    const QString name = chosenName();
+    return name.isEmpty() ? QString() : QDir(m_shown).filePath(name);
 }
 
 bool DlgOpen::selectFile(const QString &relativeName)
@@ -120,25 +176,29 @@ bool DlgOpen::selectFile(const QString &relativeName)
             continue;
         m_dirs->setCurrentItem(*it);
         showFolder((*it)->data(0, Qt::UserRole).toString());
-        const auto found = m_files->findItems(info.fileName(), Qt::MatchExactly);
-        if (found.isEmpty())
-            return false;
-        m_files->setCurrentItem(found.first());
-        found.first()->setSelected(true);
-        return true;
+        for (int i = 0; i < m_files->count(); ++i) {
+            QListWidgetItem *file = m_files->item(i);
+            const QStringList files = file->data(Qt::UserRole).toStringList();
+            if (!files.contains(info.fileName()))
+                continue;
+            m_files->setCurrentItem(file);
+            file->setSelected(true);
+            m_revisions->setCurrentIndex(int(files.indexOf(info.fileName())));
+            return true;
+        }
+        return false;
     }
     return false;
 }
 
 void DlgOpen::load()
 {
-    QListWidgetItem *item = m_files->currentItem();
-    if (!item || !item->isSelected()) {
+    const QString name = chosenName();
+    if (name.isEmpty()) {
         messages().inform(QStringLiteral("ファイルがありません。\n選択し直してください。"),
                           QStringLiteral("ファイルがありません"), MessageIcon::Exclamation);
         return;
     }
-    const QString name = item->text();
     if (isTemplateFileName(name)) {
         messages().inform(QStringLiteral(" このファイルは変更できません。\n変更すると、正しく印刷できない場合があります。"),
                           QStringLiteral("警告！"), MessageIcon::Critical);

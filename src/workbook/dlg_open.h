@@ -1,14 +1,18 @@
 #pragma once
-// dlgOpen: the folders (Dir1) and workbooks (File1, .xlsx and .xls alike, the chosen one's
-// kind in lblKind) of the estimates folder; OK or choosing a file loads the estimate through
+// dlgOpen: the folders (Dir1) and workbooks (File1, .xlsx and .xls alike, an estimate's
+// revisions as one entry whose revision is chosen in cboRevision, the newest by default; the
+// chosen one's kind in lblKind) of the estimates folder; OK or choosing a file loads the estimate through
 // the loader the caller passes in.
 
 #include "uikit/guarded_dialog.h"
 
 #include <functional>
 
+class QComboBox;
 class QLabel;
 class QListWidget;
+class QPushButton;
+class QDialogButtonBox;
 class QVBoxLayout;
 class QTreeWidget;
 
@@ -31,10 +35,18 @@ public:
     bool selectFile(const QString &relativeName);
     // Puts a panel (a search over the estimates) above the folder and file lists.
     void addPanel(QWidget *panel);
+    // A further button beside OK and キャンセル.
+    QPushButton *addButton(const QString &objectName, const QString &caption);
+    // The full path of the file chosen in File1, empty when none is.
+    QString selectedPath() const;
 
 private:
     void showFolder(const QString &path);
     void showKind();
+    // cboRevision: the revisions of the estimate chosen in File1, the newest first.
+    void showRevisions();
+    // The file to open: the revision chosen of the estimate chosen; empty when none is.
+    QString chosenName() const;
 
     Loader m_loader;
     QString m_root;
@@ -42,7 +54,9 @@ private:
     QTreeWidget *m_dirs;
     QListWidget *m_files;
     QLabel *m_kind;
+    QComboBox *m_revisions;
     QVBoxLayout *m_layout;
+    QDialogButtonBox *m_buttons;
 };
 
 } // namespace est::workbook

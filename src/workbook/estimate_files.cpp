@@ -4,6 +4,7 @@
 #include "workbook/atomic_file.h"
 #include "workbook/default_template.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 #include "workbook/print_fit.h"
 #include "workbook/xls_book.h"
 
@@ -129,6 +130,7 @@ QByteArray buildEstimateWorkbook(std::unique_ptr<Workbook> book, const Session &
 {
     static FitterCache cache;
     writeEstimate(*book, session);
+    writePhotos(*book, session.photos);
     QStringList fittedSheets;
     {
         std::lock_guard<std::mutex> locked(cache.lock);
@@ -242,6 +244,7 @@ bool openEstimateWorkbook(Session &session, Messages &messages, const QString &a
         auto book = openForReading(path);
         Session read = session;
         readEstimate(*book, read);
+        read.photos = readPhotosOf(*book);
         read.fileName = fileName;
         read.workbookPath = path;
         session = std::move(read);

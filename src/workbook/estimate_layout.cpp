@@ -3,6 +3,7 @@
 #include "common/number_format.h"
 #include "sheet/document_kind.h"
 
+#include <algorithm>
 #include <cmath>
 
 // Sheet "D", rows 1 and 2 (T = text, I = 16-bit integer, L = 32-bit integer, B = boolean).
@@ -32,6 +33,7 @@
 //   Q1 T colour
 //   R1 I paint labour rate
 //   S1 T engine
+//   U1 I revision (1 first, 2 for 修正2 ...), missing in older workbooks
 //
 // Rows 3 to 5: company block, customer array, vehicle array. Rows 6 on, A to K: the rows.
 // L8 I upper index of the non-taxable items, M8 B items present, N8 L their sum; rows 10 on,
@@ -49,7 +51,7 @@ namespace est::workbook {
 
 namespace {
 
-enum Col { A = 1, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S };
+enum Col { A = 1, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S, T, U };
 
 constexpr int kFirstRow = kFirstEstimateRowOnD;
 constexpr int kFirstNonTaxable = kFirstNonTaxableRowOnD;
@@ -110,6 +112,12 @@ void writeHeader(Worksheet &d, const Session &s)
     d.setText(1, Q, h.colour);
     d.setInt16(1, R, s.paintLabourRate);
     d.setText(1, S, h.engine);
+    // The revision has a cell of its own, apart from the header the print sheets read; a
+    // first estimate leaves it empty, so its workbook is the same as before revisions were.
+    if (s.revision > 1)
+        d.setInt16(1, U, s.revision);
+    else if (!std::holds_alternative<std::monostate>(d.value(1, U)))
+        d.setText(1, U, QString());
 
     d.setInt16(2, A, clampedInt16(std::min(s.rows.size(), qsizetype(kMaxEstimateRows)) - 1));
     d.setInt32(2, B, s.totals.labour);
@@ -272,6 +280,9 @@ void readHeader(const CellReader &d, Session &s)
     d.read(1, Q, h.colour);
     d.read(1, R, s.paintLabourRate);
     d.read(1, S, h.engine);
+    std::int16_t revision = 1;
+    d.read(1, U, revision);
+    s.revision = std::clamp<std::int16_t>(revision, 1, kMaxRevision);
     const sheet::DocumentTexts texts = sheet::documentTexts(h.documentKind);
     h.openingText = texts.opening;
     h.closingText = texts.closing;

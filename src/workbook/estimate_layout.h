@@ -18,6 +18,8 @@ inline constexpr int kFirstPaintRowOnP = 18;
 // Upper bounds a workbook must respect to be read (anything beyond is refused).
 inline constexpr int kMaxNonTaxableItems = 999;
 inline constexpr int kMaxPaintRows = kMaxEstimateRows;
+// Revisions of one estimate (D!U1; a workbook without it is the first).
+inline constexpr std::int16_t kMaxRevision = 999;
 
 // Writes the estimate into sheets "D" and "P" of a workbook made from the template.
 // Throws WorkbookError (NotAnEstimate) when the template lacks one of the two sheets.

@@ -23,8 +23,9 @@ QString directoryOf(const QString &part)
     return slash < 0 ? QString() : part.left(slash + 1);
 }
 
-// A relationship target relative to the part that owns the relationships.
-QString resolveTarget(const QString &ownerPart, const QString &target)
+} // namespace
+
+QString detail::resolveTarget(const QString &ownerPart, const QString &target)
 {
     QString path = target.startsWith(QLatin1Char('/')) ? target.mid(1) : directoryOf(ownerPart) + target;
     QStringList out;
@@ -37,11 +38,13 @@ QString resolveTarget(const QString &ownerPart, const QString &target)
     return out.join(QLatin1Char('/'));
 }
 
-QString relsPathOf(const QString &part)
+QString detail::relsPathOf(const QString &part)
 {
     const qsizetype slash = part.lastIndexOf(QLatin1Char('/'));
     return part.left(slash + 1) + QStringLiteral("_rels/") + part.mid(slash + 1) + QStringLiteral(".rels");
 }
+
+namespace {
 
 bool typeIs(const char *type, const char *suffix)
 {
@@ -65,6 +68,16 @@ const Workbook::Impl::Entry *Workbook::Impl::find(const QString &part) const
         if (e.name.compare(part, Qt::CaseInsensitive) == 0)
             return &e;
     return nullptr;
+}
+
+void Workbook::Impl::put(const QString &part, const QByteArray &content)
+{
+    const Entry *entry = find(part);
+    const QString name = entry ? entry->name : part;
+    if (!entry && std::find(added.begin(), added.end(), name) == added.end())
+        added.push_back(name);
+    removed.remove(name);
+    replaced.insert(name, content);
 }
 
 QByteArray Workbook::Impl::read(const QString &part) const
@@ -385,6 +398,21 @@ QByteArray Workbook::Impl::build(const SaveFault &fault)
             }
             if (newContent != replaced.cend() || compressed != deflated.cend())
                 zip_set_file_compression(target, zip_uint64_t(index), ZIP_CM_DEFLATE, 6);
+        }
+        for (const QString &part : added) {
+            check(SaveStep::BuildPackage, part);
+            const QByteArray &content = *replaced.constFind(part);
+            zip_source_t *data = zip_source_buffer(target, content.constData(), zip_uint64_t(content.size()), 0);
+            if (!data)
+                abandon(QString::fromUtf8(zip_strerror(target)));
+            const zip_int64_t index = zip_file_add(target, part.toUtf8().constData(), data, ZIP_FL_ENC_UTF_8);
+            if (index < 0) {
+                zip_source_free(data);
+                abandon(QString::fromUtf8(zip_strerror(target)));
+            }
+            // Pictures are compressed already.
+            const bool picture = part.startsWith(QLatin1String("xl/media/"));
+            zip_set_file_compression(target, zip_uint64_t(index), picture ? ZIP_CM_STORE : ZIP_CM_DEFLATE, picture ? 0 : 6);
         }
         check(SaveStep::BuildPackage, QString());
     } catch (...) {

@@ -18,6 +18,13 @@
 
 namespace est::workbook {
 
+namespace detail {
+// A relationship target relative to the part that owns the relationships.
+QString resolveTarget(const QString &ownerPart, const QString &target);
+// "xl/worksheets/_rels/sheet1.xml.rels" for "xl/worksheets/sheet1.xml".
+QString relsPathOf(const QString &part);
+} // namespace detail
+
 struct Workbook::Impl
 {
     Limits limits;
@@ -34,6 +41,7 @@ struct Workbook::Impl
     QHash<QString, QByteArray> replaced;   // part -> new content
     QHash<QString, DeflatedPart> deflated; // part -> new content, compressed
     QSet<QString> removed;
+    std::vector<QString> added;            // new parts (their content in replaced), in order
 
     QString workbookPart;
     pugi::xml_document workbookDoc;
@@ -67,7 +75,12 @@ struct Workbook::Impl
     ~Impl();
 
     const Entry *find(const QString &part) const;
-    bool has(const QString &part) const { return find(part) && !removed.contains(part); }
+    bool has(const QString &part) const
+    {
+        return (find(part) && !removed.contains(part)) || replaced.contains(part);
+    }
+    // A part the package did not have, or one replaced by new content.
+    void put(const QString &part, const QByteArray &content);
     // The part's bytes (its new content when it was replaced); Damaged or TooLarge otherwise.
     QByteArray read(const QString &part) const;
     // Parses a part (its bytes when already read) within the parsed-size budget; a part is

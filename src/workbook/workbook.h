@@ -77,9 +77,9 @@ inline constexpr qsizetype kMaxNumberText = 64;
 // that would exceed them is inflated or parsed.
 struct Limits
 {
-    qint64 maxFileBytes = 32 * 1024 * 1024;      // the whole package
+    qint64 maxFileBytes = 48 * 1024 * 1024;      // the whole package (an estimate with its photos)
     qint64 maxPartBytes = 8 * 1024 * 1024;       // one inflated part
-    qint64 maxInflatedBytes = 48 * 1024 * 1024;  // all parts inflated, together
+    qint64 maxInflatedBytes = 64 * 1024 * 1024;  // all parts inflated, together
     qint64 maxParsedBytes = 64 * 1024 * 1024;    // memory of all parsed parts together (estimated
                                                  // from their text before parsing)
     int maxEntries = 2000;                        // parts in the package
@@ -156,6 +156,18 @@ private:
     std::unique_ptr<Impl> d;
 };
 
+// A picture on a worksheet: the image file (JPEG or PNG), the cell its top left corner is
+// anchored at (from 1) and the size it is shown at.
+struct SheetPicture
+{
+    QByteArray image;
+    int row = 1;
+    int column = 1;
+    int widthPx = 0;
+    int heightPx = 0;
+    QString name;
+};
+
 class Workbook : public BookCells
 {
 public:
@@ -187,6 +199,14 @@ public:
     void setDeflatedSheet(const QString &name, DeflatedPart part);
     // The package the workbook was opened from.
     const QByteArray &sourceBytes() const;
+
+    // Makes the worksheet of that name (replacing a sheet of that name) with the pictures
+    // drawn on it, for the caller to write cells into.
+    Worksheet *setPictureSheet(const QString &name, const std::vector<SheetPicture> &pictures);
+    // The pictures drawn on the sheet, in their order (empty when it has none; the image
+    // bytes counted against the limits like every part). More than maxPictures is TooLarge,
+    // a picture that is missing or neither JPEG nor PNG is Damaged.
+    std::vector<SheetPicture> sheetPictures(const QString &name, int maxPictures);
 
     // The package as it would be saved.
     QByteArray toBytes(const SaveFault &fault = {});

@@ -37,8 +37,8 @@ bool WorkbookStore::askOpen()
         estimatesFolder(m_appFolder),
         [this](const QString &name) { return openEstimateWorkbook(m_session, m_messages, m_appFolder, name); },
         m_messages, m_dialogParent);
-    if (m_openHook)
-        m_openHook(dialog);
+    for (const auto &hook : m_openHooks)
+        hook(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 

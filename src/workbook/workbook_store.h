@@ -10,6 +10,7 @@
 
 #include <QObject>
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -37,8 +38,9 @@ public:
 
     // Called with the workbook's path after every successful save.
     void setSavedHook(std::function<void(const QString &path)> hook) { m_saved = std::move(hook); }
-    // Called on every open dialog before it is shown (the estimate search adds its panel).
-    void setOpenDialogHook(std::function<void(DlgOpen &)> hook) { m_openHook = std::move(hook); }
+    // Called on every open dialog before it is shown, in the order added (the estimate search
+    // adds its panel, the comparison its button).
+    void addOpenDialogHook(std::function<void(DlgOpen &)> hook) { m_openHooks.push_back(std::move(hook)); }
 
     // Tests: make the next saves fail at a chosen step.
     void setSaveFault(SaveFault fault) { m_fault = std::move(fault); }
@@ -54,7 +56,7 @@ private:
     QWidget *m_dialogParent;
     SaveFault m_fault;
     std::function<void(const QString &)> m_saved;
-    std::function<void(DlgOpen &)> m_openHook;
+    std::vector<std::function<void(DlgOpen &)>> m_openHooks;
 };
 
 } // namespace est::workbook

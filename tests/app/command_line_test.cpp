@@ -50,7 +50,20 @@ INSTANTIATE_TEST_SUITE_P(Cases, ParseTest, ::testing::Values(
     ParseCase{"estimate --pdf a.xlsx b.pdf --layout", CommandKind::Refused, "--layout には A か B"},
     ParseCase{"estimate --invoice-xml a.xlsx b.xml c.xml", CommandKind::Refused, "2つのパス"},
     ParseCase{"estimate --invoice-xml a.xlsx b.xml --copy", CommandKind::Refused, "不明なオプションです: --copy"},
-    ParseCase{"estimate --pdf --invoice-xml a b", CommandKind::Refused, "一緒に使えません"}));
+    ParseCase{"estimate --pdf --invoice-xml a b", CommandKind::Refused, "一緒に使えません"},
+    ParseCase{"estimate --compare old.xlsx new.xlsx diff.pdf", CommandKind::Compare, ""},
+    ParseCase{"estimate --compare old.xlsx new.xlsx", CommandKind::Refused, "3つのパス"},
+    ParseCase{"estimate --compare a b c --copy", CommandKind::Refused, "不明なオプションです: --copy"},
+    ParseCase{"estimate --compare a b c --pdf", CommandKind::Refused, "一緒に使えません"}));
+
+TEST(CommandLine, ReadsTheCompareRequest)
+{
+    const CommandLine line = parseCommandLine(split("estimate --compare old.xlsx new.xlsx diff.pdf"));
+    ASSERT_EQ(line.kind, CommandKind::Compare);
+    EXPECT_EQ(line.compare.before, QStringLiteral("old.xlsx"));
+    EXPECT_EQ(line.compare.after, QStringLiteral("new.xlsx"));
+    EXPECT_EQ(line.compare.output, QStringLiteral("diff.pdf"));
+}
 
 TEST(CommandLine, ReadsThePdfRequestInAnyOrder)
 {
@@ -62,6 +75,10 @@ TEST(CommandLine, ReadsThePdfRequestInAnyOrder)
     EXPECT_TRUE(line.pdf.options.shopCopy);
     EXPECT_FALSE(line.pdf.options.paintSheet);
     EXPECT_TRUE(line.pdf.options.subSheet);
+    EXPECT_EQ(line.pdf.options.photos, print::PhotoPages::None);
+    EXPECT_EQ(parseCommandLine(split("estimate --pdf in.xlsx out.pdf --photos")).pdf.options.photos, print::PhotoPages::Four);
+    EXPECT_EQ(parseCommandLine(split("estimate --photos-large --pdf in.xlsx out.pdf")).pdf.options.photos,
+              print::PhotoPages::One);
 }
 
 TEST(CommandLine, ReadsTheInvoiceRequest)
@@ -76,8 +93,8 @@ TEST(CommandLine, ReadsTheInvoiceRequest)
 TEST(CommandLine, TheHelpNamesEveryUseAndTheDataFolder)
 {
     const QString help = helpText(QStringLiteral("/home/shop/.local/share/EstimateApp"));
-    for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--invoice-xml",
-                             "--replace", "--help", "--version", "ESTIMATE_APP_HOME",
+    for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--photos", "--photos-large", "--invoice-xml",
+                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
                              "/home/shop/.local/share/EstimateApp"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(word))) << word;
     EXPECT_TRUE(help.startsWith(versionText()));

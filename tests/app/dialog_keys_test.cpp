@@ -5,12 +5,11 @@
 #include "scripted_messages.h"
 #include "sheet/dlg_day.h"
 #include "sheet/dlg_hikazei.h"
+#include "sheet/slip_ledger.h"
 #include "temp_app_folder.h"
 #include "workbook/dlg_fname.h"
 #include "workbook/dlg_open.h"
 
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
@@ -23,8 +22,7 @@ namespace {
 struct DialogWorld
 {
     test::TempAppFolder folder;
-    QTemporaryDir settingsDir;
-    QSettings settings{settingsDir.filePath("keys.ini"), QSettings::IniFormat};
+    sheet::SlipLedger ledger{sheet::openSlipLedgerDatabase(folder.path()).database};
     Session session;
     test::ScriptedMessages messages;
     test::FixedClock clock{QDate(2024, 1, 5)};
@@ -73,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
                    }},
         EscapeCase{"dlgDay",
                    [](DialogWorld &w) {
-                       auto d = std::make_unique<sheet::DlgDay>(w.session, w.messages, w.clock, w.settings);
+                       auto d = std::make_unique<sheet::DlgDay>(w.session, w.messages, w.clock, w.ledger);
                        d->prepare();
                        return d;
                    }},

@@ -7,6 +7,7 @@
 #include "scripted_messages.h"
 #include "sheet/company_block.h"
 #include "sheet/frm_mitumori.h"
+#include "sheet/slip_ledger.h"
 #include "sheet/slip_numbering.h"
 #include "temp_app_folder.h"
 
@@ -27,7 +28,12 @@ namespace {
 struct Program : test::Program
 {
     void start() { test::Program::start(false); }
-    QString stored(const char *key) { return sheet::openSlipSettings()->value(key).toString(); }
+    // The last number the slip ledger issued for `day`.
+    int issued(QDate day)
+    {
+        sheet::SlipLedger ledger(sheet::openSlipLedgerDatabase(folder.path()).database);
+        return ledger.state(day).value_or(sheet::SlipLedgerState{-1, {}}).lastOfDay;
+    }
     QString sheetLabel(const char *name)
     {
         return context().sheet->findChild<QLabel *>(QLatin1String(name))->text();
@@ -52,9 +58,7 @@ TEST(SheetExtrasStartup, MissingCompanyFileIsOfferedAndCreatedEmpty)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), QByteArray("\r\n").repeated(14));
-    // The first start stores counter "000" and today's key at once.
-    EXPECT_EQ(p.stored("DenpyoNo/DNo"), "000");
-    EXPECT_EQ(p.stored("DenpyoDDay/DDay"), "240105");
+    EXPECT_EQ(p.issued(QDate(2024, 1, 5)), 0);
 }
 
 TEST(SheetExtrasStartup, AnsweringNoLeavesNoFile)
@@ -94,7 +98,7 @@ TEST(SheetExtrasNewEstimate, DateDialogIssuesNumbersDayByDay)
     EXPECT_EQ(p.dialogs.seen("dlgRato"), 1); // the date dialog asked for the rate dialog
     EXPECT_FALSE(p.session.rateDialogRequested);
     EXPECT_EQ(p.sheetLabel("lblHiduke"), QStringLiteral("令和6年1月5日 / 240105001"));
-    EXPECT_EQ(p.stored("DenpyoNo/DNo"), "001");
+    EXPECT_EQ(p.issued(QDate(2024, 1, 5)), 1);
 
     // The sheet's own button proposes the next number of the day and shows it.
     p.session.rateDialogRequested = false;
@@ -108,7 +112,6 @@ TEST(SheetExtrasNewEstimate, DateDialogIssuesNumbersDayByDay)
     Session next;
     p.session = next;
     p.start();
-    EXPECT_EQ(p.session.denpyoNo, "002");
     p.context().start->button("cmdSin")->click();
     EXPECT_EQ(p.sheetLabel("lblHiduke"), QStringLiteral("令和6年1月6日 / 240106001"));
 }
@@ -125,7 +128,7 @@ TEST(SheetExtrasNewEstimate, CancelReturnsToTheStartDialog)
     // The file name was chosen before the date dialog: only a state of 1 goes back to 0.
     EXPECT_EQ(p.session.sheetState, SheetState::NameChosen);
     EXPECT_FALSE(p.session.rateDialogRequested);
-    EXPECT_EQ(p.stored("DenpyoNo/DNo"), "000");
+    EXPECT_EQ(p.issued(QDate(2024, 1, 5)), 0);
     EXPECT_TRUE(p.session.slipNumber.isEmpty());
 }
 
@@ -144,7 +147,9 @@ TEST(SheetExtrasNewEstimate, ClockSetBackIssuesNoNumber)
     EXPECT_EQ(p.dialogs.seen("dlgDay"), 0);
     EXPECT_EQ(p.messages.lastText(), QStringLiteral("日付が違います。正しい日付を入力してください。"));
     EXPECT_TRUE(p.context().start->isVisible());
-    EXPECT_EQ(p.stored("DenpyoNo/DNo"), "004");
+    // The counter of earlier versions was taken over, and nothing more was issued.
+    EXPECT_EQ(p.issued(QDate(2024, 1, 10)), 4);
+    EXPECT_EQ(p.issued(QDate(2024, 1, 5)), 0);
 }
 
 TEST(SheetExtrasScreens, SheetAndHubButtonsOpenTheirScreens)

@@ -181,6 +181,7 @@ INSTANTIATE_TEST_SUITE_P(Files, EarlierLayout, ::testing::Values(
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2"}, 1},
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "Jisya_Jyouhou.peppol"}, 1},
     LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "SchemaVersion.2"}, 2},
+    LayoutCase{"temp\\Jisya_Jyouhou.mdb", {"Jisya_Jyouhou.2", "Jisya_Jyouhou.peppol", "SchemaVersion.3"}, 3},
     LayoutCase{"temp\\KokyakuDB.mdb", {"KokyakuDB.1"}, 1},
     LayoutCase{"temp\\KokyakuDB.mdb", {"KokyakuDB.1", "KokyakuDB.peppol"}, 1},
     LayoutCase{"temp\\PartDB.mdb", {"PartDB.1"}, 1},
@@ -301,6 +302,48 @@ TEST_F(Steps, ANewerFileIsOpenedReadOnly)
     EXPECT_EQ(bytes(m_path), original);
     EXPECT_EQ(upgradeAllDatabases(m_folder.path()).size(), 1);
 }
+
+struct RecordCase
+{
+    const char *record;   // SQL after the test database's own, making its SchemaVersion
+    int recorded;         // afterwards
+    const char *notice;   // part of the sentence, "" for none
+    const char *trigger = "";
+};
+
+class OddRecord : public Steps, public ::testing::WithParamInterface<RecordCase> {};
+
+// The test database has no steps: whatever its record says, it ends at layout 1 or says why.
+TEST_P(OddRecord, EndsAtTheLayoutOrSaysWhy)
+{
+    {
+        QSqlDatabase database = open();
+        ASSERT_EQ(runScript(database, QStringLiteral("DROP TABLE \"SchemaVersion\";") + QString::fromUtf8(GetParam().record)),
+                  QString());
+        if (*GetParam().trigger) {
+            ASSERT_TRUE(QSqlQuery(database).exec(QString::fromUtf8(GetParam().trigger)));
+        }
+    }
+    closeDatabase(m_path);
+    const OpenResult opened = openExistingDatabase(m_path);
+    ASSERT_TRUE(opened.ok());
+    EXPECT_TRUE(opened.notice.contains(QString::fromUtf8(GetParam().notice))) << opened.notice.toStdString();
+    EXPECT_EQ(opened.notice.isEmpty(), *GetParam().notice == 0) << opened.notice.toStdString();
+    EXPECT_EQ(recordedLayout(opened.database), GetParam().recorded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, OddRecord, ::testing::Values(
+    RecordCase{"CREATE TABLE \"SchemaVersion\" (\"version\" INTEGER NOT NULL); INSERT INTO \"SchemaVersion\" VALUES (0)",
+               1, ""},
+    RecordCase{"CREATE TABLE \"SchemaVersion\" (\"version\" TEXT); INSERT INTO \"SchemaVersion\" VALUES ('zwei')",
+               1, ""},
+    RecordCase{"CREATE TABLE \"SchemaVersion\" (\"version\" INTEGER); INSERT INTO \"SchemaVersion\" VALUES (NULL)",
+               1, ""},
+    RecordCase{"CREATE TABLE \"SchemaVersion\" (\"version\" INTEGER NOT NULL); INSERT INTO \"SchemaVersion\" VALUES (-3)",
+               -1, "形式の版を読めませんでした"},
+    RecordCase{"CREATE TABLE \"SchemaVersion\" (\"version\" INTEGER NOT NULL); INSERT INTO \"SchemaVersion\" VALUES (0)",
+               0, "形式の版を記録できませんでした（消せません",
+               "CREATE TRIGGER keep BEFORE DELETE ON \"SchemaVersion\" BEGIN SELECT RAISE(ABORT, '消せません'); END"}));
 
 TEST(UpgradeAll, NamesEveryFileItCouldNotUpgrade)
 {

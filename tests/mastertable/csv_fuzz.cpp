@@ -2,7 +2,7 @@
 // The first byte chooses the encoding the user picked; the rest is the file. The whole import
 // runs against an in-memory table with a key and a numeric column, so decoding, splitting,
 // the cell checks and the key check all see hostile input.
-//   build-fuzz/tests/mastertable/csv_fuzz -max_total_time=60 corpus/
+//   build-fuzz/fuzz/csv_fuzz -max_total_time=60 corpus/   (tools/fuzz runs it)
 
 #include "mastertable/csv_transfer.h"
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The Debian package as a shop gets it: made once from this build with CPack, inspected (files,
 # icon sizes, desktop entry, dependencies, manual page, no build paths, lintian), then, as
-# root, installed with apt-get, started offscreen with an empty home folder, asked for its
-# version and help, and removed again, leaving the user's data alone.
+# root, installed with apt-get, started offscreen with an empty home folder, started again on
+# Xvfb, asked for its version and help, and removed again, leaving the user's data alone.
 # Usage: package_test.sh BUILD_DIR SOURCE_DIR. Exit status 77 (skipped) when not root, after
 # the inspection has passed.
 set -euo pipefail
@@ -50,7 +50,7 @@ check "the desktop entry has an English comment" grep -q '^Comment=[A-Za-z]' "$d
 
 # Dependencies: computed ones and those loaded at run time.
 depends=$(dpkg-deb -f "$deb" Depends)
-for package in libc6 libqt6widgets6 libqt6sql6 libzip4 fonts-noto-cjk qt6-translations-l10n libqt6sql6-sqlite; do
+for package in libc6 libqt6widgets6 libqt6sql6 libzip4 fonts-noto-cjk qt6-translations-l10n libqt6sql6-sqlite libqt6sql6-psql; do
   check "the package depends on $package" sh -c "echo '$depends' | grep -qE '(^|, )$package( |,|\$)'"
 done
 
@@ -121,6 +121,26 @@ with sqlite3.connect(sys.argv[1]) as db:
 PY
 customers=$(python3 -c "import sqlite3,sys; print(sqlite3.connect(sys.argv[1]).execute('SELECT COUNT(*) FROM Kokyaku_Jyouhou').fetchone()[0])" "$data/temp/KokyakuDB.sqlite")
 start "$data/temp/KokyakuDB.sqlite.bak-1"
+
+# On a real X display (Xvfb), as from the desktop menu, its windows speak Japanese.
+if command -v xvfb-run >/dev/null && command -v xwininfo >/dev/null; then
+  xvfb-run -a -s "-screen 0 1280x1024x24" sh -c '
+    env -i HOME="$1" PATH=/usr/bin:/bin LANG=C.UTF-8 DISPLAY="$DISPLAY" XAUTHORITY="$XAUTHORITY" estimate &
+    program=$!
+    for _ in $(seq 1 150); do
+      xwininfo -root -tree >"$2" 2>/dev/null
+      LC_ALL=C.UTF-8 grep -qP "^\s+0x[0-9a-f]+ \"[^\"]*\p{Han}" "$2" && break
+      sleep 0.2
+    done
+    window=$(LC_ALL=C.UTF-8 grep -oP "^\s+\K0x[0-9a-f]+(?= \"[^\"]*\p{Han})" "$2" | head -1)
+    [ -n "$window" ] && xprop -id "$window" WM_CLASS _NET_WM_ICON | cut -c1-80 >"$3"
+    kill "$program"' sh "$home" "$work/windows" "$work/window-properties" >/dev/null 2>&1 || true
+  LC_ALL=C.UTF-8 grep -qP '^\s+0x[0-9a-f]+ "[^"]*\p{Han}' "$work/windows" \
+    || { cat "$work/windows"; fail "no window with a Japanese title on the X display"; }
+  check "the window belongs to the desktop entry's class EstimateApp" grep -q 'WM_CLASS.*"EstimateApp"' "$work/window-properties"
+  check "the window carries the installed icon" grep -q '_NET_WM_ICON(CARDINAL) =' "$work/window-properties"
+  echo "windows on X: $(LC_ALL=C.UTF-8 grep -oP '^\s+0x[0-9a-f]+ "\K[^"]*\p{Han}[^"]*' "$work/windows" | paste -sd,)"
+fi
 python3 - "$data/temp/KokyakuDB.sqlite" "$customers" <<'PY' || fail "the customer database was not upgraded with every row"
 import sqlite3, sys
 db = sqlite3.connect(sys.argv[1])

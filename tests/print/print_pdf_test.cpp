@@ -216,16 +216,8 @@ class PdfCommand : public PdfTest
 protected:
     int run(const QStringList &args, QString *errors = nullptr)
     {
-        QProcess p;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("ESTIMATE_APP_HOME"), m_app.path());
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        p.setProcessEnvironment(env);
-        p.start(QStringLiteral(ESTIMATE_PROGRAM), QStringList{QStringLiteral("--pdf")} + args);
-        EXPECT_TRUE(p.waitForFinished(60000));
-        if (errors)
-            *errors = QString::fromUtf8(p.readAllStandardError());
-        return p.exitCode();
+        return test::runProgram(QStringLiteral(ESTIMATE_PROGRAM), QStringList{QStringLiteral("--pdf")} + args, m_app.path(),
+                                errors);
     }
     test::TempAppFolder m_app;
 };

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
@@ -19,10 +20,7 @@ namespace {
 
 EstimateRow row(const QStringList &cells)
 {
-    EstimateRow r;
-    for (int i = 0; i < cells.size() && i < EstimateColumnCount; ++i)
-        r[size_t(i)] = cells.at(i);
-    return r;
+    return estimateRow(cells);
 }
 
 QString run(const QString &program, const QStringList &args)
@@ -54,6 +52,28 @@ void setHeader(Session &s, int kind)
 }
 
 } // namespace
+
+EstimateRow estimateRow(const QStringList &cells)
+{
+    EstimateRow r;
+    for (int i = 0; i < cells.size() && i < EstimateColumnCount; ++i)
+        r[size_t(i)] = cells.at(i);
+    return r;
+}
+
+int runProgram(const QString &program, const QStringList &args, const QString &appFolder, QString *errors)
+{
+    QProcess p;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("ESTIMATE_APP_HOME"), appFolder);
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    p.setProcessEnvironment(env);
+    p.start(program, args);
+    const bool finished = p.waitForFinished(60000);
+    if (errors)
+        *errors = QString::fromUtf8(p.readAllStandardError());
+    return finished && p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+}
 
 Session handEstimate(int kind)
 {

@@ -10,6 +10,9 @@
 
 namespace est::test {
 
+// A row of the estimate from its texts, column by column.
+EstimateRow estimateRow(const QStringList &cells);
+
 // A small estimate whose figures are worked out by hand in the tests:
 // A = 123,456 (labour 45,600 + parts 77,856), B = 78,900, discount 5 %, tax 10 %,
 // non-taxable 17,000, advance 30,000. Three work rows, two paint rows.
@@ -23,6 +26,10 @@ print::ShopInfo sampleShop(bool numberOnEstimates = false);
 QString saveWorkbook(const Session &session, const QString &folder, const QString &name);
 // Writes the shop's company file and registration number into an application folder.
 void installShop(const QString &appFolder, const print::ShopInfo &shop);
+
+// Runs the program (ESTIMATE_PROGRAM of the test) with the arguments on the application
+// folder, offscreen; its exit status, and its standard error in `errors`.
+int runProgram(const QString &program, const QStringList &args, const QString &appFolder, QString *errors = nullptr);
 
 // pdftotext -layout of the whole file, or of one page (1-based).
 QString pdfText(const QString &pdf, int page = 0);

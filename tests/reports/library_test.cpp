@@ -4,6 +4,7 @@
 #include "db/database.h"
 #include "library_fixture.h"
 #include "reports/estimate_library.h"
+#include "reports/library_columns.h"
 #include "reports/library_refresh.h"
 #include "reports/search_text.h"
 
@@ -267,3 +268,25 @@ TEST_F(Library, ABrokenOrMissingIndexIsMadeAgain)
 }
 
 } // namespace
+
+namespace est::reports {
+namespace {
+
+TEST(LibraryResults, ShowEachEstimateOnceUnderItsNewestRevisionFound)
+{
+    const auto summary = [](const char *file) {
+        EstimateSummary s;
+        s.fileName = QString::fromUtf8(file);
+        return s;
+    };
+    const QList<EstimateSummary> found{summary("240110B.xlsx"), summary("240105A_R2.xlsx"), summary("240105A.xlsx"),
+                                       summary("sub/240105A_R3.xlsx"), summary("240105A_R3.xlsx"),
+                                       summary("240105AB.xlsx")};
+    QStringList shown;
+    for (const EstimateSummary &s : newestRevisions(found))
+        shown.append(s.fileName);
+    EXPECT_EQ(shown, (QStringList{"240110B.xlsx", "240105A_R3.xlsx", "sub/240105A_R3.xlsx", "240105AB.xlsx"}));
+}
+
+} // namespace
+} // namespace est::reports

@@ -3,6 +3,7 @@
 #include "package_builder.h"
 #include "sample_estimate.h"
 #include "workbook/estimate_layout.h"
+#include "workbook/photo_sheet.h"
 
 #include <functional>
 
@@ -97,6 +98,23 @@ QByteArray denseSheetWorkbook()
             rows += "<row r=\"" + QByteArray::number(r) + "\">" + QByteArray("<c/>").repeated(2000) + "</row>";
         data.insert(data.indexOf("</sheetData>"), rows);
     });
+}
+
+QByteArray photoSheetAtTheLimitsWorkbook()
+{
+    // Sixty pictures, each JPEG only in its first bytes, that together (stored, not
+    // deflated) fill the package to just under its limit.
+    const workbook::Limits limits;
+    const QByteArray estimate = fullEstimateWorkbook();
+    const qsizetype stored = zipParts(unzipParts(estimate), Compression::Store).size();
+    const qsizetype each = (limits.maxFileBytes - stored - 256 * 1024) / kMaxPhotos;
+    QList<EstimatePhoto> photos;
+    for (int i = 0; i < kMaxPhotos; ++i)
+        photos.append({QByteArray("\xFF\xD8\xFF", 3) + QByteArray(each - 3, char('a' + i % 26)), QString()});
+    auto book = workbook::Workbook::fromBytes(estimate);
+    workbook::writePhotos(*book, photos);
+    Parts parts = unzipParts(book->toBytes());
+    return zipParts(parts, Compression::Store);
 }
 
 } // namespace est::test

@@ -19,5 +19,7 @@ QByteArray sheetsOnOnePartWorkbook(int sheets);
 QByteArray partsJustUnderTheLimitWorkbook();
 // A saved estimate with about 7 MB of empty cells in sheet "P".
 QByteArray denseSheetWorkbook();
+// A saved estimate with 60 photos filling the package to just under its size limit.
+QByteArray photoSheetAtTheLimitsWorkbook();
 
 } // namespace est::test

@@ -3,6 +3,7 @@
 // and a workbook that LibreOffice has opened and saved again still opens with every value.
 // Skipped when python3-openpyxl or LibreOffice is not installed.
 
+#include "office_convert.h"
 #include "sample_estimate.h"
 #include "scripted_messages.h"
 #include "temp_app_folder.h"
@@ -31,11 +32,6 @@ bool haveOpenpyxl()
     return QProcess::execute(kPython, {QStringLiteral("-c"), QStringLiteral("import openpyxl")}) == 0;
 }
 
-QString soffice()
-{
-    return QStandardPaths::findExecutable(QStringLiteral("soffice"));
-}
-
 // Saves an estimate into a fresh application folder and returns the workbook's path.
 QString saveEstimate(test::TempAppFolder &folder, Session &s)
 {
@@ -55,17 +51,6 @@ Session sampleEstimate()
     s.header.documentKind = 1;
     s.header.customerName = QStringLiteral("山田太郎");
     return s;
-}
-
-// Converts with LibreOffice; returns the output folder's files.
-QStringList convert(const QString &workbook, const QString &filter, const QString &outDir)
-{
-    QTemporaryDir profile;
-    QProcess p;
-    p.start(soffice(), {QStringLiteral("-env:UserInstallation=file://") + profile.path(), QStringLiteral("--headless"),
-                        QStringLiteral("--convert-to"), filter, QStringLiteral("--outdir"), outDir, workbook});
-    p.waitForFinished(180000);
-    return QDir(outDir).entryList(QDir::Files);
 }
 
 QList<QStringList> readCsv(const QString &path)
@@ -168,7 +153,7 @@ TEST(Openpyxl, FindsEveryCellWithItsValueAndType)
 
 TEST(LibreOffice, ShowsTheEstimateOnThePrintSheets)
 {
-    if (soffice().isEmpty())
+    if (test::soffice().isEmpty())
         GTEST_SKIP() << "LibreOffice is not installed";
     test::TempAppFolder folder;
     Session s = sampleEstimate();
@@ -181,7 +166,7 @@ TEST(LibreOffice, ShowsTheEstimateOnThePrintSheets)
     const QString path = saveEstimate(folder, s);
     QTemporaryDir out;
     // All sheets, UTF-8, formulas as their results.
-    const QStringList files = convert(path,
+    const QStringList files = test::convertWithOffice(path,
                                       QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,"
                                                      "false,false,-1"),
                                       out.path());
@@ -204,13 +189,13 @@ TEST(LibreOffice, ShowsTheEstimateOnThePrintSheets)
 
 TEST(LibreOffice, AWorkbookSavedAgainByLibreOfficeStillOpens)
 {
-    if (soffice().isEmpty())
+    if (test::soffice().isEmpty())
         GTEST_SKIP() << "LibreOffice is not installed";
     test::TempAppFolder folder;
     Session s = sampleEstimate();
     const QString path = saveEstimate(folder, s);
     QTemporaryDir out;
-    const QStringList files = convert(path, QStringLiteral("xlsx:Calc Office Open XML"), out.path());
+    const QStringList files = test::convertWithOffice(path, QStringLiteral("xlsx:Calc Office Open XML"), out.path());
     ASSERT_EQ(files.size(), 1);
     // Put the re-saved workbook where the program opens estimates.
     const QString resaved = QStringLiteral("240105再保存.xlsx");
@@ -230,12 +215,12 @@ TEST(LibreOffice, AWorkbookSavedAgainByLibreOfficeStillOpens)
 // estimates saved from it must still show their own values, not the template's.
 TEST(LibreOffice, ATemplateSavedByLibreOfficeStillShowsEachEstimate)
 {
-    if (soffice().isEmpty())
+    if (test::soffice().isEmpty())
         GTEST_SKIP() << "LibreOffice is not installed";
     test::TempAppFolder folder;
     ASSERT_TRUE(ensureTemplate(folder.path()));
     QTemporaryDir restyled;
-    ASSERT_EQ(convert(templatePath(folder.path()), QStringLiteral("xlsx:Calc Office Open XML"), restyled.path()).size(), 1);
+    ASSERT_EQ(test::convertWithOffice(templatePath(folder.path()), QStringLiteral("xlsx:Calc Office Open XML"), restyled.path()).size(), 1);
     QFile::remove(templatePath(folder.path()));
     ASSERT_TRUE(QFile::copy(QDir(restyled.path()).filePath(QStringLiteral("newfile.xlsx")), templatePath(folder.path())));
 
@@ -243,7 +228,7 @@ TEST(LibreOffice, ATemplateSavedByLibreOfficeStillShowsEachEstimate)
     s.header.customerName = QStringLiteral("再保存ひな形");
     const QString path = saveEstimate(folder, s);
     QTemporaryDir out;
-    convert(path, QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,false,false,-1"),
+    test::convertWithOffice(path, QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,false,false,-1"),
             out.path());
     const auto main = readCsv(QDir(out.path()).filePath(QStringLiteral("240105全項目-PrintMainA.csv")));
     ASSERT_GT(main.size(), 5);

@@ -198,6 +198,7 @@ QStringList storedFields(const Session &s)
                                     h.colour, h.engine, h.memo});
     add(QStringLiteral("slipNumber"), s.slipNumber);
     add(QStringLiteral("estimateDate"), s.estimateDate);
+    add(QStringLiteral("revision"), QString::number(s.revision));
     add(QStringLiteral("fileNameText"), s.fileNameText);
     list(QStringLiteral("rates"), {QString::number(s.labourRate), QString::number(s.paintLabourRate),
                                    QString::number(s.roundDigits), QString::number(s.roundMode)});

@@ -102,6 +102,31 @@ INSTANTIATE_TEST_SUITE_P(
         StreamChange{"WrappingSheetSize", [](QByteArray &s) { for (auto at : bodiesOf(s, kDimension)) { set32(s, at + 4, 0x10000001); set16(s, at + 10, 16); } }},
         StreamChange{"SheetOfAMillionCells", [](QByteArray &s) { for (auto at : bodiesOf(s, kDimension)) { set32(s, at + 4, 65536); set16(s, at + 10, 256); } }},
         StreamChange{"SheetWithoutSize", [](QByteArray &s) { set16(s, bodiesOf(s, kDimension).last() - 4, 0x0201); }},
+        // FreeXL drops what it read of a sheet at a second DIMENSION record without freeing it.
+        StreamChange{"SecondSheetSize", [](QByteArray &s) {
+             const qsizetype at = bodiesOf(s, kDimension).last();
+             const QByteArray dimension = s.mid(at - 4, 18);
+             s.insert(at + 14, dimension);
+             // The next sheet, if any, moves by the record's length.
+             for (auto sheet : bodiesOf(s, kBoundSheet)) {
+                 const quint32 offset = quint32(u16(s, sheet)) | quint32(u16(s, sheet + 2)) << 16;
+                 if (offset > quint32(at))
+                     set32(s, sheet, offset + 18);
+             }
+         }},
+        // A text FreeXL allocated, replaced by a second record of the same cell, is lost.
+        StreamChange{"TextCellWrittenTwice", [](QByteArray &s) {
+             const qsizetype at = bodiesOf(s, kLabelSst).first();
+             QByteArray label;   // LABEL (compressed "x") at the same cell
+             label.append(char(0x04)).append(char(0x02)).append(char(9)).append(char(0));
+             label.append(s.mid(at, 6)).append(char(1)).append(char(0)).append(char(0)).append('x');
+             s.insert(at + 10, label + label);
+             for (auto sheet : bodiesOf(s, kBoundSheet)) {
+                 const quint32 offset = quint32(u16(s, sheet)) | quint32(u16(s, sheet + 2)) << 16;
+                 if (offset > quint32(at))
+                     set32(s, sheet, offset + quint32(2 * label.size()));
+             }
+         }},
         StreamChange{"CellBelowTheSheet", [](QByteArray &s) { set32(s, bodiesOf(s, kDimension).first() + 4, 1); }},
         StreamChange{"FourBillionStrings", [](QByteArray &s) { set32(s, bodiesOf(s, kSst).first() + 4, 0xFFFFFFF0); }},
         StreamChange{"StringIndexBeyondTheTable", [](QByteArray &s) { set32(s, bodiesOf(s, kLabelSst).first() + 6, 0x7FFFFFFF); }},

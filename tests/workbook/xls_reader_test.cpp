@@ -104,3 +104,23 @@ TEST(XlsReader, TellsTheFormatsApartByTheirFirstBytes)
     EXPECT_EQ(kindAndValue(d->value(3, 11)), QStringLiteral("text 0012"));
     EXPECT_EQ(kindAndValue(d->value(1, 4)), QStringLiteral("text ﾔﾏﾀﾞ　ﾀﾛｳ \"様\" 'A'"));
 }
+
+// The fuzzing seed made by hand (fuzz/corpus/fuzz_xls): a BOOLERR cell and a formula with a
+// boolean result, which FreeXL itself reports as the number 1 and not at all.
+TEST(XlsReader, HandMadeRecordsKeepTheirKinds)
+{
+    auto book = XlsBook::open(QStringLiteral(ESTIMATE_FUZZ_CORPUS "/fuzz_xls/small-estimate.xls"));
+    EXPECT_EQ(book->sheetNames(), (QStringList{"D", "P"}));
+    const SheetCells *d = book->cells(QStringLiteral("D"));
+    ASSERT_TRUE(d);
+    EXPECT_EQ(kindAndValue(d->value(1, 1)), QStringLiteral("text 123456789"));
+    EXPECT_EQ(kindAndValue(d->value(1, 2)), QStringLiteral("text お見積書"));
+    EXPECT_EQ(kindAndValue(d->value(1, 12)), QStringLiteral("boolean TRUE"));
+    EXPECT_EQ(kindAndValue(d->value(2, 5)), QStringLiteral("boolean FALSE"));
+    EXPECT_EQ(kindAndValue(d->value(2, 13)), QStringLiteral("number 2147483647"));
+    EXPECT_EQ(kindAndValue(d->value(2, 1)), QStringLiteral("number 3"));
+    EXPECT_EQ(kindAndValue(d->value(3, 11)), QStringLiteral("text 0012"));
+    EXPECT_EQ(kindAndValue(d->value(13, 1)), QStringLiteral("empty"));
+    EXPECT_EQ(kindAndValue(book->cells(QStringLiteral("P"))->value(1, 2)), QStringLiteral("boolean FALSE"));
+    EXPECT_EQ(book->cells(QStringLiteral("E")), nullptr);
+}

@@ -2,6 +2,8 @@
 
 #include "sample_estimate.h"
 
+#include <QFile>
+
 #include <limits>
 
 namespace est::test {
@@ -67,6 +69,12 @@ std::vector<XlsSample> xlsSamples()
 QString xlsSampleFolder()
 {
     return QStringLiteral(ESTIMATE_XLS_SAMPLES);
+}
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 } // namespace est::test

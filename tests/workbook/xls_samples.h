@@ -24,6 +24,9 @@ std::vector<XlsSample> xlsSamples();
 // The folder of the committed .xls files.
 QString xlsSampleFolder();
 
+// A file's bytes (empty when it cannot be read).
+QByteArray fileBytes(const QString &path);
+
 } // namespace est::test
 
 #include <ostream>
