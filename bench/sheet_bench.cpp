@@ -4,6 +4,7 @@
 //
 //   build/bench/sheet_bench
 
+#include "bench_main.h"
 #include "app/app_controller.h"
 #include "app/dlg_hajime.h"
 #include "common/quiet_messages.h"
@@ -15,15 +16,12 @@
 #include <QApplication>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
-#include <sys/resource.h>
 
 namespace {
 
 double peakRssMb()
 {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return double(usage.ru_maxrss) / 1024.0;
+    return double(est::bench::peakKb()) / 1024.0;
 }
 
 void fillEstimate(est::Session &s)
@@ -112,11 +110,5 @@ BENCHMARK(BM_TotalsChainOnly)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Widgets);
 }

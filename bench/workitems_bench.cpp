@@ -3,11 +3,11 @@
 // adding the 394th row to the work item editor's rows with the totals recomputed (under 2 ms).
 // The catalogue is generated into a temporary SQLite file when the benchmark starts.
 
+#include "bench_main.h"
 #include "common/estimate_row.h"
 #include "workitems/catalogue.h"
 #include "workitems/work_item_table.h"
 
-#include <QCoreApplication>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -134,10 +134,9 @@ BENCHMARK(BM_Add394thRow)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    catalogue(); // build the catalogue before anything is timed
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    // The catalogue is built before anything is timed.
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core, {.prepare = [] {
+                                         catalogue();
+                                         return true;
+                                     }});
 }

@@ -87,7 +87,7 @@ endfunction()
 function(est_bench name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} EXCLUDE_FROM_ALL ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE benchmark::benchmark ${ARG_LINKS})
+    target_link_libraries(${name} PRIVATE bench_support ${ARG_LINKS})
     add_dependencies(bench ${name})
 endfunction()
 

@@ -1,12 +1,12 @@
 // The comparison of two full estimates (394 work rows, 73 paint lines; target under 20 ms),
 // and `estimate --compare OLD NEW OUT.pdf` as a whole process (target under 200 ms).
 
+#include "bench_main.h"
 #include "compare/comparison_report.h"
 #include "compare/estimate_comparison.h"
 #include "print_samples.h"
 #include "temp_app_folder.h"
 
-#include <QGuiApplication>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -66,9 +66,5 @@ BENCHMARK(BM_ComparisonPdfProcess)->Unit(benchmark::kMillisecond)->Iterations(10
 
 int main(int argc, char **argv)
 {
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Gui);
 }

@@ -3,13 +3,13 @@
 // next customer number, the same search through the screen, and opening the customer screen
 // (construct + load, offscreen).
 
+#include "bench_main.h"
 #include "common/quiet_messages.h"
 #include "common/session.h"
 #include "customers/customer_store.h"
 #include "customers/frm_kokyaku.h"
 #include "customers/setting_lists.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
 #include <QSqlDatabase>
@@ -143,29 +143,28 @@ BENCHMARK(BM_OpenScreen)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    {
-        World w;
-        world = &w;
+    std::unique_ptr<World> w;
+    est::bench::Hooks hooks;
+    hooks.prepare = [&w] {
+        w = std::make_unique<World>();
+        world = w.get();
         QString error;
-        w.store = CustomerStore::open(w.folder.path(), &error);
-        if (w.store)
-            w.settings = SettingLists::open(w.folder.path(), &error);
-        if (!w.store || !w.settings || !fill(w.store->database())) {
+        w->store = CustomerStore::open(w->folder.path(), &error);
+        if (w->store)
+            w->settings = SettingLists::open(w->folder.path(), &error);
+        if (!w->store || !w->settings || !fill(w->store->database())) {
             std::fprintf(stderr, "cannot prepare the customer database: %s\n", qPrintable(error));
-            return 1;
+            return false;
         }
-        benchmark::RunSpecifiedBenchmarks();
-        if (w.messages.shown != 0)
-            std::fprintf(stderr, "the screen reported %d messages\n", w.messages.shown);
-        w.store.reset();
-        w.settings.reset();
+        return true;
+    };
+    hooks.finish = [&w] {
+        if (w->messages.shown != 0)
+            std::fprintf(stderr, "the screen reported %d messages\n", w->messages.shown);
         world = nullptr;
-    }
-    for (const QString &name : QSqlDatabase::connectionNames())
-        QSqlDatabase::removeDatabase(name);
-    benchmark::Shutdown();
-    return 0;
+        w.reset();
+        for (const QString &name : QSqlDatabase::connectionNames())
+            QSqlDatabase::removeDatabase(name);
+    };
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Widgets, hooks);
 }

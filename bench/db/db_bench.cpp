@@ -2,11 +2,11 @@
 // full application folder (all current), and the one-time upgrade of a customer database of
 // layout 1 at shop scale (100,000 customers, 150,000 vehicles), its copy included.
 
+#include "bench_main.h"
 #include "db/app_folder.h"
 #include "db/database.h"
 #include "db/schema_upgrade.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -86,9 +86,5 @@ BENCHMARK(BM_UpgradeCustomersOfLayout1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
 }

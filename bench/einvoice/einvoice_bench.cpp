@@ -6,13 +6,13 @@
 // Goal: under 50 ms for the invoice to XML.
 //   build/bench/einvoice/einvoice_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 
+#include "bench_main.h"
 #include "einvoice/invoice_export.h"
 #include "einvoice/invoice_model.h"
 #include "einvoice/ubl_writer.h"
 #include "print/saved_estimate.h"
 #include "print_samples.h"
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -89,9 +89,5 @@ BENCHMARK(BM_BuildAndWriteXmlOnly)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
 }

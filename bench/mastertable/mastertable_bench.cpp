@@ -4,10 +4,10 @@
 // replace the table in one transaction), decoding a CP932 file of the same size, and loading
 // the held-edit model and saving one changed cell.
 
+#include "bench_main.h"
 #include "mastertable/csv_transfer.h"
 #include "mastertable/table_edit_model.h"
 
-#include <QCoreApplication>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -114,22 +114,24 @@ BENCHMARK(BM_LoadEditSave)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    QTemporaryDir folder;
-    {
+    std::unique_ptr<QTemporaryDir> folder;
+    est::bench::Hooks hooks;
+    hooks.prepare = [&folder] {
+        folder = std::make_unique<QTemporaryDir>();
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench"));
-        db.setDatabaseName(folder.filePath(QStringLiteral("PartDB.sqlite")));
+        db.setDatabaseName(folder->filePath(QStringLiteral("PartDB.sqlite")));
         if (!db.open() || !fill(db)) {
             std::fprintf(stderr, "cannot prepare the table\n");
-            return 1;
+            return false;
         }
-        database = &db;
-        benchmark::RunSpecifiedBenchmarks();
+        database = new QSqlDatabase(db);
+        return true;
+    };
+    hooks.finish = [] {
+        database->close();
+        delete database;
         database = nullptr;
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("bench"));
-    benchmark::Shutdown();
-    return 0;
+        QSqlDatabase::removeDatabase(QStringLiteral("bench"));
+    };
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core, hooks);
 }

@@ -5,10 +5,10 @@
 //
 //   build/bench/paint/paint_bench
 
+#include "bench_main.h"
 #include "common/quiet_messages.h"
 #include "paint/frm_paint.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -81,11 +81,5 @@ BENCHMARK(BM_Add73rdLine)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Widgets);
 }

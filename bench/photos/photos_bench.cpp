@@ -3,6 +3,7 @@
 // peak resident size, so that benchmark runs first), and saving and opening an estimate with
 // 20 stored photos (target: under 150 ms each).
 
+#include "bench_main.h"
 #include "photos/photo_album.h"
 #include "sample_estimate.h"
 #include "scripted_messages.h"
@@ -11,12 +12,10 @@
 
 #include <QBuffer>
 #include <QDir>
-#include <QGuiApplication>
 #include <QImage>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -61,13 +60,6 @@ const QStringList &cameraPhotos()
     return paths;
 }
 
-long peakKilobytes()
-{
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
 // Made in a child process, so that making it does not count in this process's peak.
 QString hundredMegapixelPhoto()
 {
@@ -88,14 +80,14 @@ QString hundredMegapixelPhoto()
 void BM_AddHundredMegapixelPhoto(benchmark::State &state)
 {
     const QString path = hundredMegapixelPhoto();
-    const long before = peakKilobytes();
+    const long before = est::bench::peakKb();
     for (auto _ : state) {
         QList<EstimatePhoto> photos;
         photos::addPhotos(photos, {path});
         if (photos.size() != 1)
             state.SkipWithError("the photo was not read");
     }
-    state.counters["peakMB"] = double(peakKilobytes()) / 1024;
+    state.counters["peakMB"] = double(est::bench::peakKb()) / 1024;
     state.counters["peakBeforeMB"] = double(before) / 1024;
 }
 BENCHMARK(BM_AddHundredMegapixelPhoto)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -159,9 +151,5 @@ BENCHMARK(BM_OpenEstimateWithTwentyPhotos)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Gui);
 }

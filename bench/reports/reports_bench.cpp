@@ -6,6 +6,7 @@
 // The default run makes 1,000 (the machine is shared); --estimates=10000 gives the full size:
 //   build/bench/reports/reports_bench --estimates=10000
 
+#include "bench_main.h"
 #include "reports/estimate_library.h"
 #include "reports/library_refresh.h"
 #include "reports/sales_job.h"
@@ -13,7 +14,6 @@
 #include "workbook/estimate_files.h"
 #include "workbook/workbook.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -154,7 +154,6 @@ BENCHMARK(BM_YearlyReport)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
     std::vector<char *> rest;
     for (int i = 0; i < argc; ++i) {
         const QByteArray arg(argv[i]);
@@ -163,9 +162,5 @@ int main(int argc, char **argv)
         else
             rest.push_back(argv[i]);
     }
-    int count = int(rest.size());
-    benchmark::Initialize(&count, rest.data());
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(int(rest.size()), rest.data(), est::bench::App::Core);
 }

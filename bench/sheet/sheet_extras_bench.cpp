@@ -2,6 +2,7 @@
 // formatter are made for every call), confirming a slip in the ledger (a proposal and one
 // committed statement in the SQLite file), and reading the company file.
 
+#include "bench_main.h"
 #include "sheet/company_block.h"
 #include "sheet/era_date.h"
 #include "sheet/slip_ledger.h"
@@ -50,4 +51,7 @@ BENCHMARK(BM_ParseCompanyFile);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char **argv)
+{
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
+}

@@ -4,11 +4,11 @@
 //   build/bench/workbook/hostile_bench
 // Target: every shape under 2 s and 150 MB.
 
+#include "bench_main.h"
 #include "hostile_workbooks.h"
 #include "workbook/estimate_layout.h"
 #include "workbook/photo_sheet.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <benchmark/benchmark.h>
@@ -76,9 +76,5 @@ BENCHMARK(BM_PhotosAtTheLimits)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
 }

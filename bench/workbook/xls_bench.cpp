@@ -6,6 +6,7 @@
 // Targets: open < 20 ms, 1,000 conversions < 60 s, the worst declared size < 2 s and 150 MB.
 //   build/bench/workbook/xls_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 
+#include "bench_main.h"
 #include "reports/legacy_conversion.h"
 #include "workbook/biff_rewrite.h"
 #include "workbook/cfb_stream.h"
@@ -13,7 +14,6 @@
 #include "workbook/xls_book.h"
 #include "xls_samples.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -208,9 +208,5 @@ BENCHMARK(BM_MostCostlyWorkbook)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return est::bench::runBenchmarks(argc, argv, est::bench::App::Core);
 }

@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <mutex>
+
 namespace est::workbook {
 
 namespace {
@@ -116,14 +118,34 @@ QString describeError(const WorkbookError &error)
 
 namespace {
 
+// The print sheets of the template saved from last, read once: a shop saves from one template.
+struct FitterCache
+{
+    std::mutex lock;
+    QByteArray templateBytes;
+    std::unique_ptr<PrintSheetFitter> fitter;
+};
+
 QByteArray buildEstimateWorkbook(std::unique_ptr<Workbook> book, const Session &session, const SaveFault &fault)
 {
+    static FitterCache cache;
     writeEstimate(*book, session);
     writePhotos(*book, session.photos);
-    fitPrintSheets(*book, session);
+    QStringList fittedSheets;
+    {
+        std::lock_guard<std::mutex> locked(cache.lock);
+        if (!cache.fitter || cache.templateBytes != book->sourceBytes()) {
+            cache.fitter.reset();
+            const auto templateBook = Workbook::fromBytes(book->sourceBytes());
+            cache.fitter = std::make_unique<PrintSheetFitter>(*templateBook);
+            cache.templateBytes = book->sourceBytes();
+        }
+        cache.fitter->fit(*book, usedRows(session));
+        fittedSheets = cache.fitter->sheetNames();
+    }
     // A template saved by a spreadsheet program keeps the results of its last
     // calculation; without them the print sheets show this estimate's values.
-    book->clearFormulaResults({QStringLiteral("D"), QStringLiteral("P")});
+    book->clearFormulaResults(QStringList{QStringLiteral("D"), QStringLiteral("P")} + fittedSheets);
     return book->toBytes(fault);
 }
 

@@ -318,7 +318,7 @@ void Workbook::Impl::prepareForSave()
     if (styles.changed())
         replaced.insert(stylesPart, styles.serialised());
     for (SheetInfo &info : sheets) {
-        if (info.sheet && info.sheet->d->dirty) {
+        if (info.sheet && info.sheet->d->dirty && !deflated.contains(info.part)) {
             info.sheet->d->updateDimension();
             replaced.insert(info.part, serialise(info.sheet->d->doc));
         }
@@ -376,7 +376,11 @@ QByteArray Workbook::Impl::build(const SaveFault &fault)
             const QByteArray name = entry.name.toUtf8();
             zip_source_t *data = nullptr;
             const auto newContent = replaced.constFind(entry.name);
-            if (newContent != replaced.cend()) {
+            const auto compressed = deflated.constFind(entry.name);
+            if (compressed != deflated.cend()) {
+                check(SaveStep::BuildPackage, entry.name);
+                data = deflatedSource(target, *compressed);
+            } else if (newContent != replaced.cend()) {
                 check(SaveStep::BuildPackage, entry.name);
                 // The hash keeps the bytes alive until the archive is closed.
                 data = zip_source_buffer(target, newContent->constData(), zip_uint64_t(newContent->size()), 0);
@@ -392,7 +396,7 @@ QByteArray Workbook::Impl::build(const SaveFault &fault)
                 zip_source_free(data);
                 abandon(QString::fromUtf8(zip_strerror(target)));
             }
-            if (newContent != replaced.cend())
+            if (newContent != replaced.cend() || compressed != deflated.cend())
                 zip_set_file_compression(target, zip_uint64_t(index), ZIP_CM_DEFLATE, 6);
         }
         for (const QString &part : added) {

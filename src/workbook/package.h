@@ -3,6 +3,7 @@
 // its sheets, shared strings and styles through the relationships, reads parts within the
 // limits, and builds the new package (changed parts deflated, the others copied as they are).
 
+#include "workbook/deflated_part.h"
 #include "workbook/styles.h"
 #include "workbook/workbook.h"
 
@@ -38,6 +39,7 @@ struct Workbook::Impl
     };
     std::vector<Entry> entries;
     QHash<QString, QByteArray> replaced;   // part -> new content
+    QHash<QString, DeflatedPart> deflated; // part -> new content, compressed
     QSet<QString> removed;
     std::vector<QString> added;            // new parts (their content in replaced), in order
 

@@ -1,10 +1,13 @@
 #include "workbook/print_fit.h"
 
 #include "workbook/estimate_layout.h"
+#include "workbook/worksheet_impl.h"
+#include "workbook/xml_part.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <limits>
 
 namespace est::workbook {
 
@@ -12,48 +15,39 @@ namespace {
 
 const QString kDataD = QStringLiteral("D");
 const QString kDataP = QStringLiteral("P");
+constexpr int kNever = -1;   // a count is never at most this: the row is never hidden
 
-struct Used
-{
-    qsizetype estimateRows;
-    qsizetype paintRows;
-    qsizetype nonTaxableItems;
-};
-
-// Whether a cell of a data sheet holds part of a table the estimate leaves empty.
-bool unusedDataCell(const QString &sheet, int row, int column, const Used &used)
+// The table of "D" or "P" a data cell belongs to (0 rows, 1 paint rows, 2 non-taxable items)
+// and its position there; -1 for cells outside the tables.
+std::pair<int, int> tablePosition(char sheet, const CellAddress &cell)
 {
     constexpr int lastTableColumn = 11;   // K
-    if (sheet == kDataD && column <= lastTableColumn && row >= kFirstEstimateRowOnD)
-        return row - kFirstEstimateRowOnD >= used.estimateRows;
-    if (sheet == kDataD && column >= 12 && column <= 14 && row >= kFirstNonTaxableRowOnD)
-        return row - kFirstNonTaxableRowOnD >= used.nonTaxableItems;
-    if (sheet == kDataP && column <= lastTableColumn && row >= kFirstPaintRowOnP)
-        return row - kFirstPaintRowOnP >= used.paintRows;
-    return false;
+    if (sheet == 'D' && cell.column <= lastTableColumn && cell.row >= kFirstEstimateRowOnD)
+        return {0, cell.row - kFirstEstimateRowOnD};
+    if (sheet == 'D' && cell.column >= 12 && cell.column <= 14 && cell.row >= kFirstNonTaxableRowOnD)
+        return {2, cell.row - kFirstNonTaxableRowOnD};
+    if (sheet == 'P' && cell.column <= lastTableColumn && cell.row >= kFirstPaintRowOnP)
+        return {1, cell.row - kFirstPaintRowOnP};
+    return {-1, 0};
 }
 
-void hideUnusedRows(Worksheet &sheet, const Used &used)
+// A row that reads data is hidden when every data cell it reads lies beyond what the estimate
+// fills: while each count is at most the first position it reads in that table.
+UsedRows hiddenUpTo(const std::vector<QString> &formulas)
 {
-    // Per row: whether it reads a data cell, and whether every data cell it reads is unused.
-    struct RowReads
-    {
-        bool reads = false;
-        bool allUnused = true;
-    };
-    std::vector<std::pair<int, RowReads>> rows;
-    for (const auto &[row, formula] : sheet.formulas()) {
-        if (rows.empty() || rows.back().first != row)
-            rows.push_back({row, {}});
-        RowReads &reads = rows.back().second;
+    constexpr int unread = std::numeric_limits<int>::max();
+    UsedRows upTo{unread, unread, unread};
+    bool reads = false;
+    for (const QString &formula : formulas) {
         for (const DataReference &r : dataReferences(formula)) {
-            reads.reads = true;
-            reads.allUnused = reads.allUnused
-                              && unusedDataCell(r.sheet == 'D' ? kDataD : kDataP, r.cell.row, r.cell.column, used);
+            const auto [table, position] = tablePosition(r.sheet, r.cell);
+            if (table < 0)
+                return {kNever, kNever, kNever};
+            upTo[size_t(table)] = std::min(upTo[size_t(table)], position);
+            reads = true;
         }
     }
-    for (const auto &[row, reads] : rows)
-        sheet.setRowHidden(row, reads.reads && reads.allUnused);
+    return reads ? upTo : UsedRows{kNever, kNever, kNever};
 }
 
 bool isAsciiUpper(QChar c) { return c >= QLatin1Char('A') && c <= QLatin1Char('Z'); }
@@ -105,24 +99,108 @@ QList<DataReference> dataReferences(QStringView formula)
     return found;
 }
 
-void fitPrintSheets(Workbook &book, const Session &session)
+UsedRows usedRows(const Session &session)
 {
-    if (!book.sheet(kDataD) || !book.sheet(kDataP))
+    return {int(std::min(session.rows.size(), qsizetype(kMaxEstimateRows))),
+            int(std::min(session.paint.rows.size(), qsizetype(kMaxPaintRows))),
+            int(std::min(session.nonTaxable.names.size(), qsizetype(kMaxNonTaxableItems)))};
+}
+
+PrintSheetFitter::PrintSheetFitter(Workbook &book)
+{
+    m_hasDataSheets = book.sheet(kDataD) && book.sheet(kDataP);
+    if (!m_hasDataSheets)
         return;
-    const Used used{std::min(session.rows.size(), qsizetype(kMaxEstimateRows)),
-                    std::min(session.paint.rows.size(), qsizetype(kMaxPaintRows)),
-                    std::min(session.nonTaxable.names.size(), qsizetype(kMaxNonTaxableItems))};
+    static const QRegularExpression address(QStringLiteral("([A-Z]+)([0-9]+)"));
+    static const char *const marker = "estimateRowsGoHere";
     for (const QString &name : book.sheetNames()) {
-        if (name == kDataD || name == kDataP)
+        Worksheet *worksheet = name == kDataD || name == kDataP ? nullptr : book.sheet(name);
+        if (!worksheet)
             continue;
-        Worksheet *sheet = book.sheet(name);
-        if (!sheet)
-            continue;
-        hideUnusedRows(*sheet, used);
-        if (book.printArea(name).isEmpty()) {
-            static const QRegularExpression address(QStringLiteral("([A-Z]+)([0-9]+)"));
-            book.setPrintArea(name, QString::fromLatin1(sheet->usedRange()).replace(address, QStringLiteral("$\\1$\\2")));
+        // Saved workbooks carry no formula results: spreadsheet programs compute them afresh.
+        worksheet->clearFormulaResults();
+        Worksheet::Impl &impl = *worksheet->d;
+        impl.updateDimension();
+        Sheet sheet;
+        sheet.name = name;
+        if (book.printArea(name).isEmpty())
+            sheet.printArea = QString::fromLatin1(worksheet->usedRange()).replace(address, QStringLiteral("$\\1$\\2"));
+        for (const Worksheet::Impl::RowEntry &entry : impl.rows) {
+            std::vector<QString> formulas;
+            for (const Worksheet::Impl::CellEntry &c : entry.cells)
+                if (const pugi::xml_node f = detail::childElement(c.node, "f"))
+                    formulas.push_back(QString::fromUtf8(f.text().get()));
+            Row row;
+            pugi::xml_node node = entry.node;
+            if (formulas.empty()) {
+                row.shown = row.hidden = detail::serialiseNode(node);
+            } else {
+                row.fitted = true;
+                row.hiddenUpTo = hiddenUpTo(formulas);
+                node.remove_attribute("hidden");
+                row.shown = detail::serialiseNode(node);
+                node.append_attribute("hidden") = "1";
+                row.hidden = detail::serialiseNode(node);
+            }
+            sheet.rows.push_back(std::move(row));
+            impl.sheetData.remove_child(node);
         }
+        impl.rows.clear();
+        impl.sheetData.append_child(marker);
+        const QByteArray text = detail::serialise(impl.doc);
+        const QByteArray markup = QByteArray("<") + marker + "/>";
+        const qsizetype at = text.indexOf(markup);
+        if (at < 0)
+            detail::fail(ErrorKind::Damaged, name);
+        sheet.head = deflatePiece(QByteArrayView(text).first(at));
+        sheet.tail = deflatePiece(QByteArrayView(text).sliced(at + markup.size()));
+        sheet.pieces.resize((sheet.rows.size() + kPieceRows - 1) / kPieceRows);
+        m_sheets.push_back(std::move(sheet));
+    }
+}
+
+QStringList PrintSheetFitter::sheetNames() const
+{
+    QStringList names;
+    for (const Sheet &sheet : m_sheets)
+        names.append(sheet.name);
+    return names;
+}
+
+DeflatedPart PrintSheetFitter::fitted(Sheet &sheet, const UsedRows &used)
+{
+    DeflatedPart out = sheet.head;
+    for (size_t piece = 0; piece < sheet.pieces.size(); ++piece) {
+        const size_t first = piece * kPieceRows;
+        const size_t end = std::min(sheet.rows.size(), first + kPieceRows);
+        quint64 hidden = 0;
+        for (size_t i = first; i < end; ++i) {
+            const Row &row = sheet.rows[i];
+            if (row.fitted && used[0] <= row.hiddenUpTo[0] && used[1] <= row.hiddenUpTo[1] && used[2] <= row.hiddenUpTo[2])
+                hidden |= quint64(1) << (i - first);
+        }
+        auto &compressed = sheet.pieces[piece];
+        auto found = compressed.find(hidden);
+        if (found == compressed.end()) {
+            QByteArray text;
+            for (size_t i = first; i < end; ++i)
+                text += hidden & (quint64(1) << (i - first)) ? sheet.rows[i].hidden : sheet.rows[i].shown;
+            found = compressed.emplace(hidden, deflatePiece(text)).first;
+        }
+        appendPiece(out, found->second);
+    }
+    appendPiece(out, sheet.tail);
+    return finishPieces(std::move(out));
+}
+
+void PrintSheetFitter::fit(Workbook &book, const UsedRows &used)
+{
+    if (!m_hasDataSheets)
+        return;
+    for (Sheet &sheet : m_sheets) {
+        book.setDeflatedSheet(sheet.name, fitted(sheet, used));
+        if (!sheet.printArea.isEmpty())
+            book.setPrintArea(sheet.name, sheet.printArea);
     }
     book.setSheetHidden(kDataD, true);
     book.setSheetHidden(kDataP, true);

@@ -187,6 +187,18 @@ void Workbook::setPrintArea(const QString &sheetName, const QString &range)
     name.text().set((quotedSheetName(sheetName) + QLatin1Char('!') + range).toUtf8().constData());
 }
 
+void Workbook::setDeflatedSheet(const QString &name, DeflatedPart part)
+{
+    const Impl::SheetInfo *info = d->sheetInfo(name);
+    if (info && !info->part.isEmpty())
+        d->deflated.insert(info->part, std::move(part));
+}
+
+const QByteArray &Workbook::sourceBytes() const
+{
+    return d->bytes;
+}
+
 QByteArray Workbook::toBytes(const SaveFault &fault)
 {
     return d->build(fault);

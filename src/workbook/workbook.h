@@ -113,6 +113,8 @@ public:
 };
 
 class Workbook;
+class PrintSheetFitter;
+struct DeflatedPart;
 
 // One worksheet of an open workbook. Rows and columns count from 1 (A1 = row 1, column 1).
 class Worksheet : public SheetCells
@@ -149,6 +151,7 @@ public:
 
 private:
     friend class Workbook;
+    friend class PrintSheetFitter;
     explicit Worksheet(std::unique_ptr<Impl> impl);
     std::unique_ptr<Impl> d;
 };
@@ -190,6 +193,12 @@ public:
     // The print area of a sheet ("$A$1:$J$40" or empty when it has none), and setting it.
     QString printArea(const QString &sheetName) const;
     void setPrintArea(const QString &sheetName, const QString &range);
+
+    // Writes the sheet from its text compressed beforehand (deflated_part.h), as it is,
+    // instead of its part; the sheet is not to be changed through this object.
+    void setDeflatedSheet(const QString &name, DeflatedPart part);
+    // The package the workbook was opened from.
+    const QByteArray &sourceBytes() const;
 
     // Makes the worksheet of that name (replacing a sheet of that name) with the pictures
     // drawn on it, for the caller to write cells into.

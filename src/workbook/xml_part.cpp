@@ -51,16 +51,27 @@ void parseXml(pugi::xml_document &doc, const QByteArray &bytes, const QString &p
         fail(ErrorKind::Damaged, QStringLiteral("%1: no root element").arg(part));
 }
 
+namespace {
+struct Writer : pugi::xml_writer
+{
+    QByteArray out;
+    void write(const void *data, size_t size) override
+    {
+        out.append(static_cast<const char *>(data), qsizetype(size));
+    }
+};
+} // namespace
+
+QByteArray serialiseNode(const pugi::xml_node &node)
+{
+    Writer writer;
+    node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    return writer.out;
+}
+
 QByteArray serialise(const pugi::xml_document &doc)
 {
-    struct Writer : pugi::xml_writer
-    {
-        QByteArray out;
-        void write(const void *data, size_t size) override
-        {
-            out.append(static_cast<const char *>(data), qsizetype(size));
-        }
-    } writer;
+    Writer writer;
     // Keeps the declaration the part came with; adds none of its own.
     doc.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
     if (!doc.first_child() || doc.first_child().type() != pugi::node_declaration)

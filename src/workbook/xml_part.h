@@ -28,5 +28,7 @@ std::string prefixOf(const pugi::xml_node &root);
 void parseXml(pugi::xml_document &doc, const QByteArray &bytes, const QString &part);
 // The document as UTF-8, with the declaration it came with (or a standard one).
 QByteArray serialise(const pugi::xml_document &doc);
+// One element with what it holds, as UTF-8.
+QByteArray serialiseNode(const pugi::xml_node &node);
 
 } // namespace est::workbook::detail

@@ -18,6 +18,8 @@ QByteArray zipParts(const Parts &parts, Compression compression)
         const zip_int64_t index = zip_file_add(za, name.toUtf8().constData(), s, ZIP_FL_ENC_UTF_8);
         if (compression == Compression::Store && index >= 0)
             zip_set_file_compression(za, zip_uint64_t(index), ZIP_CM_STORE, 0);
+        if (compression == Compression::DeflateAsSaved && index >= 0)
+            zip_set_file_compression(za, zip_uint64_t(index), ZIP_CM_DEFLATE, 6);
     }
     if (zip_close(za) != 0)
         throw std::runtime_error("zip_close");

@@ -13,7 +13,8 @@ using Parts = QList<QPair<QString, QByteArray>>;
 
 // A zip of the parts, in order, deflated, or stored as they are (much quicker to make, for
 // the fuzzers that zip a package per input).
-enum class Compression { Deflate, Store };
+// Deflate at libzip's default level, deflate at the level a save uses for changed parts, or stored.
+enum class Compression { Deflate, DeflateAsSaved, Store };
 QByteArray zipParts(const Parts &parts, Compression compression = Compression::Deflate);
 // The parts of a zip, inflated, in order (no limits: for packages the test made itself).
 Parts unzipParts(const QByteArray &zip);
