@@ -4,6 +4,8 @@
 #include "app/frm_setting.h"
 #include "app/frm_sp.h"
 #include "app/wiring.h"
+#include "server/dlg_password.h"
+#include "server/server_startup.h"
 #include "sheet/frm_mitumori.h"
 #include "uikit/wait_dialog.h"
 
@@ -30,8 +32,14 @@ AppController::~AppController()
     delete m_context.wait;
 }
 
-void AppController::start(int splashMs)
+bool AppController::start(int splashMs)
 {
+    // A seat of a shared server finds it (or chooses this PC's data) before any screen reads.
+    const auto askPassword = [this](const QString &prompt) {
+        return server::DlgPassword::ask(prompt, m_context.messages);
+    };
+    if (!server::connectAtStartup(m_context.messages, askPassword))
+        return false;
     Session &s = m_context.session;
     s.sheetState = SheetState::NotStarted;
     ensureFolders();
@@ -83,6 +91,7 @@ void AppController::start(int splashMs)
         splash->show();
         splash->raise();
     }
+    return true;
 }
 
 void AppController::ensureFolders()

@@ -17,8 +17,10 @@ public:
                   QObject *parent = nullptr);
     ~AppController() override;
 
-    // Start-up: slip values, the hidden sheet, the start dialog and (when splashMs > 0) the splash.
-    void start(int splashMs = 1500);
+    // Start-up: the shared server when there is one, slip values, the hidden sheet, the start
+    // dialog and (when splashMs > 0) the splash. False when the user chose to end the program
+    // because the server could not be reached.
+    bool start(int splashMs = 1500);
 
     AppContext &context() { return m_context; }
 

@@ -27,6 +27,7 @@ FrmSetting::FrmSetting(QWidget *parent) : QWidget(parent, Qt::Window)
         {"cmdKaniSet", "簡易見積単価設定"},
         {"cmdExp", "データ出力"},
         {"cmdPrinter", "プリンタ設定"},
+        {"cmdServer", "共有サーバー"},
     };
     int i = 0;
     for (const auto &[name, caption] : buttons) {

@@ -60,7 +60,8 @@ int runWindow(int argc, char *argv[])
     est::ui::MessageBoxMessages messages;
     est::SystemClock clock;
     est::app::AppController controller(session, messages, clock, est::db::applicationFolder());
-    controller.start();
+    if (!controller.start())
+        return 1;
     return application.exec();
 }
 

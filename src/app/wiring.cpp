@@ -18,6 +18,7 @@ void wireSubsystems(AppContext &context)
     wirePhotos(context);
     wireMasters(context);
     wireSimple(context);
+    wireServer(context);
 }
 
 } // namespace est::app

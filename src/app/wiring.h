@@ -36,5 +36,7 @@ void wirePhotos(AppContext &context);
 void wireMasters(AppContext &context);
 // Simple estimate: the chain of its screens for the work item editor's 簡易見積.
 void wireSimple(AppContext &context);
+// The shared server: frmServer from the settings hub.
+void wireServer(AppContext &context);
 
 } // namespace est::app

@@ -2,6 +2,7 @@
 
 #include "db/dialect.h"
 #include "db/schema_upgrade.h"
+#include "db/server_check.h"
 #include "db/server_settings.h"
 #include "db/transaction_guard.h"
 
@@ -30,7 +31,7 @@ QSqlDatabase connectionFor(const QString &connection, const QString &schema)
         return QSqlDatabase::database(name, false);
     QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
     // The whole libpq string goes through as options, so service names and TLS settings work.
-    database.setConnectOptions(connection);
+    database.setConnectOptions(withConnectTimeout(connection));
     return database;
 }
 

@@ -110,6 +110,11 @@ bool usingLocalDataForThisSession()
     return g_localForSession;
 }
 
+void forgetLocalDataChoice()
+{
+    g_localForSession = false;
+}
+
 void rememberPassword(const QString &connection, const QString &password)
 {
     passwords().insert(connection, password);

@@ -30,6 +30,8 @@ void storeSeatName(const QString &seat);
 // database opened from now on in this run is the local file.
 void useLocalDataForThisSession();
 bool usingLocalDataForThisSession();
+// Back to the server in force (a test that plays several start-ups in one process).
+void forgetLocalDataChoice();
 
 // A password typed for a connection string, kept in memory for this run.
 void rememberPassword(const QString &connection, const QString &password);

@@ -121,6 +121,20 @@ bool PgServer::initialise()
                                         QStringLiteral("-A"), QStringLiteral("trust"), QStringLiteral("-E"),
                                         QStringLiteral("UTF8"), QStringLiteral("--no-locale"), QStringLiteral("--no-sync")}))
         return false;
+    // One user must give a password; everyone else is trusted.
+    QFile hba(QDir(m_data).filePath(QStringLiteral("pg_hba.conf")));
+    if (!hba.open(QIODevice::ReadOnly)) {
+        m_error = hba.errorString();
+        return false;
+    }
+    const QByteArray rules = hba.readAll();
+    hba.close();
+    if (!hba.open(QIODevice::WriteOnly | QIODevice::Truncate)
+        || hba.write(QByteArray("local all ") + kPasswordUser + " scram-sha-256\n" + rules) < 0) {
+        m_error = hba.errorString();
+        return false;
+    }
+    hba.close();
     return start();
 }
 
@@ -152,9 +166,20 @@ QString PgServer::connectionString(const QString &database) const
     return QStringLiteral("host=%1 user=%2 dbname=%3").arg(m_socket, QLatin1String(kUser), database);
 }
 
-QString PgServer::createDatabase()
+namespace {
+
+// A password of the tests' own, as an SQL literal (ALTER ROLE takes no parameters).
+QString literal(const QString &text)
 {
-    const QString name = QStringLiteral("test%1").arg(++m_databases);
+    QString quoted = text;
+    quoted.replace(QLatin1Char('\''), QStringLiteral("''"));
+    return QLatin1Char('\'') + quoted + QLatin1Char('\'');
+}
+
+} // namespace
+
+bool PgServer::administer(const QStringList &statements)
+{
     const QString connection = QStringLiteral("pg-server-admin");
     QString error;
     {
@@ -164,16 +189,49 @@ QString PgServer::createDatabase()
             error = admin.lastError().text();
         } else {
             QSqlQuery query(admin);
-            // A name of our own making: digits after a fixed word, safe as an identifier.
-            if (!query.exec(QStringLiteral("CREATE DATABASE %1").arg(name)))
-                error = query.lastError().text();
+            for (const QString &statement : statements) {
+                if (!query.exec(statement)) {
+                    error = query.lastError().text();
+                    break;
+                }
+            }
         }
         admin.close();
     }
     QSqlDatabase::removeDatabase(connection);
-    if (!error.isEmpty()) {
+    if (!error.isEmpty())
         m_error = error;
-        ADD_FAILURE() << "cannot create a test database: " << error.toStdString();
+    return error.isEmpty();
+}
+
+QString PgServer::createPasswordDatabase(const QString &password)
+{
+    const QString name = QStringLiteral("test%1").arg(++m_databases);
+    const QString user = QLatin1String(kPasswordUser);
+    QStringList statements;
+    if (!m_passwordUser)
+        statements << QStringLiteral("CREATE ROLE %1 LOGIN").arg(user);
+    statements << QStringLiteral("ALTER ROLE %1 PASSWORD %2").arg(user, literal(password))
+               << QStringLiteral("CREATE DATABASE %1 OWNER %2").arg(name, user);
+    if (!administer(statements)) {
+        ADD_FAILURE() << "cannot create a database with a password: " << m_error.toStdString();
+        return {};
+    }
+    m_passwordUser = true;
+    return QStringLiteral("host=%1 user=%2 dbname=%3").arg(m_socket, user, name);
+}
+
+bool PgServer::setPassword(const QString &password)
+{
+    return administer({QStringLiteral("ALTER ROLE %1 PASSWORD %2").arg(QLatin1String(kPasswordUser), literal(password))});
+}
+
+QString PgServer::createDatabase()
+{
+    const QString name = QStringLiteral("test%1").arg(++m_databases);
+    // A name of our own making: digits after a fixed word, safe as an identifier.
+    if (!administer({QStringLiteral("CREATE DATABASE %1").arg(name)})) {
+        ADD_FAILURE() << "cannot create a test database: " << m_error.toStdString();
         return {};
     }
     return connectionString(name);

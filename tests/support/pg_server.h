@@ -26,6 +26,12 @@ public:
     QString createDatabase();
     // The connection string of a database by name.
     QString connectionString(const QString &database) const;
+    // A new, empty database owned by the user kPasswordUser, who must give a password (the
+    // other users of the server need none), and its connection string without the password.
+    QString createPasswordDatabase(const QString &password);
+    // Changes that user's password (as a shop's administrator would).
+    bool setPassword(const QString &password);
+    static constexpr const char *kPasswordUser = "seat_with_password";
     // Stops the server at once (as a crash or a pulled cable would look to the program) and
     // starts it again; the data survive.
     bool stop();
@@ -38,6 +44,8 @@ private:
     PgServer() = default;
     bool initialise();
     bool run(const QString &program, const QStringList &arguments);
+    // Runs statements as the server's own user on the database `postgres`; false and error() on failure.
+    bool administer(const QStringList &statements);
 
     QTemporaryDir m_root;
     QString m_bin;
@@ -46,6 +54,7 @@ private:
     QString m_error;
     bool m_running = false;
     int m_databases = 0;
+    bool m_passwordUser = false;
 };
 
 } // namespace est::test
