@@ -2,6 +2,7 @@
 // settings looked or how many seats confirm at once.
 
 #include "sheet/slip_ledger.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,8 @@ namespace {
 
 const QDate kToday(2024, 1, 5);
 
+// The ledger of a temporary application folder: its own-company file, or that database's
+// schema on the server while a BackendScope of the server lives.
 struct Ledger
 {
     test::TempAppFolder folder;
@@ -30,7 +33,14 @@ struct Ledger
     int lastOf(QDate day) { return ledger.state(day).value_or(SlipLedgerState{-1, {}}).lastOfDay; }
 };
 
-TEST(SlipLedger, EachDayCountsOnItsOwnAndATypedDayNeverLowersToday)
+// Every test of the ledger's numbers runs on the application folder's file and on the server.
+class SlipLedgerOn : public ::testing::TestWithParam<test::Backend>
+{
+protected:
+    test::BackendScope backend{GetParam()};
+};
+
+TEST_P(SlipLedgerOn, EachDayCountsOnItsOwnAndATypedDayNeverLowersToday)
 {
     Ledger x;
     ASSERT_TRUE(x.opened.ok()) << x.opened.error.toStdString();
@@ -49,7 +59,7 @@ TEST(SlipLedger, EachDayCountsOnItsOwnAndATypedDayNeverLowersToday)
     EXPECT_EQ(x.lastOf(QDate(2024, 3, 2)), 0);
 }
 
-TEST(SlipLedger, AFullDayIssuesNothingAndStaysFull)
+TEST_P(SlipLedgerOn, AFullDayIssuesNothingAndStaysFull)
 {
     Ledger x;
     ASSERT_TRUE(x.ledger.raise(kToday, 32766, kToday));
@@ -63,7 +73,7 @@ TEST(SlipLedger, AFullDayIssuesNothingAndStaysFull)
     EXPECT_EQ(x.lastOf(kToday), 32767);
 }
 
-TEST(SlipLedger, AProposalOvertakenByAnotherSeatGetsTheNextFreeNumberAndSaysSo)
+TEST_P(SlipLedgerOn, AProposalOvertakenByAnotherSeatGetsTheNextFreeNumberAndSaysSo)
 {
     Ledger x;
     ASSERT_TRUE(x.ledger.raise(kToday, 2, kToday));
@@ -96,7 +106,7 @@ TEST(SlipLedger, ALedgerThatCannotBeReadOrWrittenSaysWhy)
     QSqlDatabase::removeDatabase(QStringLiteral("no-ledger"));
 }
 
-TEST(SlipLedger, TheCounterOfEarlierVersionsIsTakenOverOnceAndNeverLowersTheLedger)
+TEST_P(SlipLedgerOn, TheCounterOfEarlierVersionsIsTakenOverOnceAndNeverLowersTheLedger)
 {
     Ledger x;
     QTemporaryDir dir;
@@ -112,6 +122,7 @@ TEST(SlipLedger, TheCounterOfEarlierVersionsIsTakenOverOnceAndNeverLowersTheLedg
     ASSERT_TRUE(takeOverSlipSettings(x.ledger, settings)); // already taken over: nothing changes
     EXPECT_EQ(x.lastOf(QDate(2024, 1, 4)), 30);
 
+    test::BackendScope freshBackend(GetParam()); // another shop: a ledger of its own
     Ledger fresh;
     QSettings other(dir.filePath("other.ini"), QSettings::IniFormat);
     other.setValue("DenpyoNo/DNo", "017");
@@ -124,7 +135,8 @@ TEST(SlipLedger, TheCounterOfEarlierVersionsIsTakenOverOnceAndNeverLowersTheLedg
 }
 
 // Run by the test below as a second and third process: issues SLIP_SEAT_COUNT numbers of
-// one day from the application folder SLIP_SEAT_FOLDER and writes them to SLIP_SEAT_OUT.
+// one day from the application folder SLIP_SEAT_FOLDER (or the server ESTIMATE_DB names, which
+// the seats inherit) and writes them to SLIP_SEAT_OUT.
 TEST(SlipLedgerSeat, DISABLED_IssuesNumbers)
 {
     const QString folder = qEnvironmentVariable("SLIP_SEAT_FOLDER");
@@ -144,8 +156,9 @@ TEST(SlipLedgerSeat, DISABLED_IssuesNumbers)
 
 // The folder is in memory when the machine has /dev/shm: the test is about two processes
 // taking turns on one file, not about the disk's write-through time (about 20 ms a slip on a
-// slow virtual disk, which would make 2,000 slips take 40 s).
-TEST(SlipLedger, TwoSeatsConfirmingAtOnceNeverGetTheSameNumber)
+// slow virtual disk, which would make 2,000 slips take 40 s). On the server, two seats take
+// turns on one row.
+TEST_P(SlipLedgerOn, TwoSeatsConfirmingAtOnceNeverGetTheSameNumber)
 {
     QTemporaryDir folder(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm/slip-ledger-XXXXXX")
                                                                    : QDir::tempPath() + QStringLiteral("/slip-ledger-XXXXXX"));
@@ -194,5 +207,8 @@ TEST(SlipLedger, TwoSeatsConfirmingAtOnceNeverGetTheSameNumber)
     EXPECT_EQ(ledger.state(kToday)->lastOfDay, 2 * kEach);
     db::closeDatabase(opened.database.databaseName());
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, SlipLedgerOn, ::testing::ValuesIn(test::kBothBackends),
+                         [](const auto &info) { return test::backendName(info.param); });
 
 } // namespace
