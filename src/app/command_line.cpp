@@ -151,6 +151,27 @@ CommandLine parseCompare(const QStringList &args)
     return line;
 }
 
+CommandLine parseMigration(const QStringList &args, bool toServer)
+{
+    CommandLine line;
+    if (toServer) {
+        if (args.size() != 2)
+            return refused(QStringLiteral("--to-server には引数はいりません。"));
+        line.kind = CommandKind::ToServer;
+        return line;
+    }
+    line.kind = CommandKind::FromServer;
+    const auto noOption = [](const QString &, qsizetype &, QString *) { return false; };
+    QStringList files;
+    const QString refusal = readScriptArguments(args, QStringLiteral("--from-server"),
+                                                QStringLiteral("データを書き出す新しいフォルダを1つ指定してください。"),
+                                                noOption, &files, 1);
+    if (!refusal.isEmpty())
+        return refused(refusal);
+    line.folder = files.at(0);
+    return line;
+}
+
 } // namespace
 
 CommandLine parseCommandLine(const QStringList &arguments)
@@ -164,8 +185,12 @@ CommandLine parseCommandLine(const QStringList &arguments)
     const bool pdf = rest.contains(QLatin1String("--pdf"));
     const bool invoice = rest.contains(QLatin1String("--invoice-xml"));
     const bool compare = rest.contains(QLatin1String("--compare"));
-    if (int(pdf) + int(invoice) + int(compare) > 1)
-        return refused(QStringLiteral("--pdf、--invoice-xml、--compare は一緒に使えません。"));
+    const bool toServer = rest.contains(QLatin1String("--to-server"));
+    const bool fromServer = rest.contains(QLatin1String("--from-server"));
+    if (int(pdf) + int(invoice) + int(compare) + int(toServer) + int(fromServer) > 1)
+        return refused(QStringLiteral("--pdf、--invoice-xml、--compare、--to-server、--from-server は一緒に使えません。"));
+    if (toServer || fromServer)
+        return parseMigration(args, toServer);
     if (compare)
         return parseCompare(args);
     if (pdf)
@@ -206,6 +231,16 @@ QString helpText(const QString &appFolder)
                "      2つの見積の違い（追加・削除・変更した明細と合計）を修正内容比較表のPDFにします。\n"
                "      終了コード: 0 完了、1 引数の誤り、2 ブックが見つからないか読めない、\n"
                "                  3 PDFを書けない\n"
+               "\n"
+               "  estimate --to-server\n"
+               "      アプリケーションフォルダのデータベースを、空の共有サーバーのデータベースに写します。\n"
+               "      写したあと表ごとに件数と数の列の合計を比べ、結果を表示します。\n"
+               "  estimate --from-server フォルダ\n"
+               "      共有サーバーのデータを、新しいアプリケーションフォルダのファイルに写します。\n"
+               "      共有サーバーは ESTIMATE_DB か、画面「共有サーバー」で保存した接続を使います。\n"
+               "      終了コード: 0 完了、1 引数の誤りか共有サーバーの設定がない、\n"
+               "                  2 写す先にすでにデータがある（何も変えない）、\n"
+               "                  3 接続できないか違いがあった（何も残さない）\n"
                "\n"
                "  estimate --help      この説明を表示します。\n"
                "  estimate --version   バージョンを表示します。\n"

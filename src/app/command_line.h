@@ -12,7 +12,7 @@
 
 namespace est::app {
 
-enum class CommandKind { Window, Help, Version, Pdf, InvoiceXml, Compare, Refused };
+enum class CommandKind { Window, Help, Version, Pdf, InvoiceXml, Compare, ToServer, FromServer, Refused };
 
 // Exit status of a refused command line (the same as the script commands' wrong arguments).
 inline constexpr int kUsageExitStatus = 1;
@@ -24,6 +24,7 @@ struct CommandLine
     einvoice::InvoiceRequest invoice;  // kind InvoiceXml
     compare::CompareRequest compare;   // kind Compare
     QString refusal;                   // kind Refused: which argument and why
+    QString folder;                    // kind FromServer: the new application folder
 };
 
 // Reads the arguments; the first one is the program itself. Qt's own options (-platform,

@@ -4,6 +4,7 @@
 #include "app/app_controller.h"
 #include "app/application_setup.h"
 #include "app/command_line.h"
+#include "app/migration_command.h"
 #include "db/app_folder.h"
 #include "uikit/message_box_messages.h"
 
@@ -31,6 +32,15 @@ int runInvoiceXml(int argc, char *argv[], const est::einvoice::InvoiceRequest &r
     QCoreApplication application(argc, argv);
     QTextStream errors(stderr);
     return est::einvoice::runInvoiceCommand(request, est::db::applicationFolder(), errors);
+}
+
+// Moving the databases onto or off the shared server: no window, no display needed.
+int runMigration(int argc, char *argv[], const QString &folder)
+{
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream progress(stderr);
+    return est::app::runMigrationCommand(est::db::applicationFolder(), folder, out, progress);
 }
 
 // --help, --version and a refused command line: no window, no display needed.
@@ -90,6 +100,9 @@ int main(int argc, char *argv[])
         return runDrawing(argc, argv, [&command](const QString &folder, QTextStream &errors) {
             return est::compare::runCompareCommand(command.compare, folder, errors);
         });
+    case CommandKind::ToServer:
+    case CommandKind::FromServer:
+        return runMigration(argc, argv, command.folder);
     case CommandKind::Window:
         break;
     }

@@ -126,6 +126,11 @@ QString newerLayout(int found)
 
 } // namespace
 
+QString createServerLayout(QSqlDatabase &database)
+{
+    return createLayout(database);
+}
+
 QString schemaName(const QString &baseName)
 {
     return baseName.toLower();

@@ -46,6 +46,10 @@ bool isConnectionFailure(const QString &reason);
 // Closes every server connection of this process (tests, a change of server, the end).
 void closeServerConnections();
 
+// Inside the caller's transaction on an empty server database: every schema, table and sample
+// row of the program, and the layout's version. An error text, empty on success.
+QString createServerLayout(QSqlDatabase &database);
+
 // Gives the identity columns the next number after the rows copied in with explicit values.
 QString resyncIdentities(QSqlDatabase &database);
 

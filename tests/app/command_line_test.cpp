@@ -1,9 +1,12 @@
 // The command line: each use read into what the program will do, and the real program
 // answering --help, --version and wrong arguments without ever creating a window.
 #include "app/command_line.h"
+#include "pg_server.h"
 #include "temp_app_folder.h"
 
+#include <QFileInfo>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace est::app {
@@ -54,7 +57,13 @@ INSTANTIATE_TEST_SUITE_P(Cases, ParseTest, ::testing::Values(
     ParseCase{"estimate --compare old.xlsx new.xlsx diff.pdf", CommandKind::Compare, ""},
     ParseCase{"estimate --compare old.xlsx new.xlsx", CommandKind::Refused, "3つのパス"},
     ParseCase{"estimate --compare a b c --copy", CommandKind::Refused, "不明なオプションです: --copy"},
-    ParseCase{"estimate --compare a b c --pdf", CommandKind::Refused, "一緒に使えません"}));
+    ParseCase{"estimate --compare a b c --pdf", CommandKind::Refused, "一緒に使えません"},
+    ParseCase{"estimate --to-server", CommandKind::ToServer, ""},
+    ParseCase{"estimate --to-server extra", CommandKind::Refused, "引数はいりません"},
+    ParseCase{"estimate --from-server /srv/shop", CommandKind::FromServer, ""},
+    ParseCase{"estimate --from-server", CommandKind::Refused, "新しいフォルダを1つ"},
+    ParseCase{"estimate --from-server a b", CommandKind::Refused, "新しいフォルダを1つ"},
+    ParseCase{"estimate --to-server --from-server a", CommandKind::Refused, "一緒に使えません"}));
 
 TEST(CommandLine, ReadsTheCompareRequest)
 {
@@ -94,7 +103,7 @@ TEST(CommandLine, TheHelpNamesEveryUseAndTheDataFolder)
 {
     const QString help = helpText(QStringLiteral("/home/shop/.local/share/EstimateApp"));
     for (const char *word : {"使い方", "--pdf", "--layout A|B", "--copy", "--paint", "--sub", "--photos", "--photos-large", "--invoice-xml",
-                             "--replace", "--compare", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
+                             "--replace", "--compare", "--to-server", "--from-server", "--help", "--version", "ESTIMATE_APP_HOME", "ESTIMATE_DB",
                              "/home/shop/.local/share/EstimateApp"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(word))) << word;
     EXPECT_TRUE(help.startsWith(versionText()));
@@ -145,6 +154,47 @@ INSTANTIATE_TEST_SUITE_P(Cases, ProgramTest, ::testing::Values(
     ProgramCase{"--unknown", 1, false, "不明なオプションです: --unknown"},
     ProgramCase{"stray.xlsx", 1, false, "不明な引数です: stray.xlsx"},
     ProgramCase{"--pdf only-one.xlsx", 1, false, "2つのパス"}));
+
+// Moving the sample folder onto the test run's server and back, as a shop would from a terminal.
+TEST(MigrationCommand, CopiesComparesAndSaysSo)
+{
+    test::PgServer *server = test::PgServer::shared();
+    ASSERT_NE(server, nullptr);
+    test::TempAppFolder folder;
+    folder.makeDatabases();
+    QTemporaryDir target;
+    const auto run = [&](const QStringList &arguments, const QString &connection, QString *out, QString *err) {
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("ESTIMATE_APP_HOME"), folder.path());
+        if (connection.isEmpty())
+            env.remove(QStringLiteral("ESTIMATE_DB"));
+        else
+            env.insert(QStringLiteral("ESTIMATE_DB"), connection);
+        p.setProcessEnvironment(env);
+        p.start(QStringLiteral(ESTIMATE_PROGRAM), arguments);
+        EXPECT_TRUE(p.waitForFinished(120000));
+        *out = QString::fromUtf8(p.readAllStandardOutput());
+        *err = QString::fromUtf8(p.readAllStandardError());
+        return p.exitCode();
+    };
+    QString out, err;
+    EXPECT_EQ(run({QStringLiteral("--to-server")}, QString(), &out, &err), 1);
+    EXPECT_TRUE(err.contains(QStringLiteral("共有サーバーが設定されていません。"))) << err.toStdString();
+
+    const QString connection = server->createDatabase();
+    ASSERT_EQ(run({QStringLiteral("--to-server")}, connection, &out, &err), 0) << err.toStdString();
+    EXPECT_TRUE(out.endsWith(QStringLiteral("共有サーバーに写しました。すべての表の件数と合計が一致しました。\n"))) << out.toStdString();
+    EXPECT_TRUE(out.contains(QStringLiteral("KokyakuDB.Kokyaku_Jyouhou: "))) << out.toStdString();
+    EXPECT_TRUE(err.startsWith(QStringLiteral("[1/"))) << err.toStdString();
+    EXPECT_EQ(run({QStringLiteral("--to-server")}, connection, &out, &err), 2);
+    EXPECT_TRUE(err.contains(QStringLiteral("何も変えていません"))) << err.toStdString();
+
+    const QString home = target.filePath(QStringLiteral("shop"));
+    ASSERT_EQ(run({QStringLiteral("--from-server"), home}, connection, &out, &err), 0) << err.toStdString();
+    EXPECT_TRUE(QFileInfo::exists(home + QStringLiteral("/temp/KokyakuDB.sqlite")));
+    EXPECT_EQ(run({QStringLiteral("--from-server"), home}, connection, &out, &err), 2);
+}
 
 } // namespace
 } // namespace est::app

@@ -1,6 +1,12 @@
 #include "temp_app_folder.h"
 
+#include "db/database.h"
+#include "db/migration.h"
+#include "db/server_database.h"
+#include "db/server_settings.h"
+
 #include <QSqlDatabase>
+#include <gtest/gtest.h>
 
 namespace est::test {
 
@@ -25,6 +31,23 @@ TempAppFolder::~TempAppFolder()
         qunsetenv("ESTIMATE_APP_HOME");
     else
         qputenv("ESTIMATE_APP_HOME", m_previous);
+}
+
+void TempAppFolder::makeDatabases() const
+{
+    const bool wasLocal = db::usingLocalDataForThisSession();
+    db::useLocalDataForThisSession();
+    for (const QString &base : db::serverDatabases()) {
+        QString path;
+        {
+            const db::OpenResult opened = db::openDatabase(m_dir.path(), db::databaseRelativePath(base));
+            EXPECT_TRUE(opened.ok()) << opened.error.toStdString();
+            path = opened.database.databaseName();
+        }
+        db::closeDatabase(path);
+    }
+    if (!wasLocal)
+        db::forgetLocalDataChoice();
 }
 
 } // namespace est::test

@@ -13,6 +13,9 @@ public:
     TempAppFolder();
     ~TempAppFolder();
     QString path() const { return m_dir.path(); }
+    // Every database file of the program made in the folder with its sample data, as a shop's
+    // folder has them after a while (the files, whatever server is in force), then closed.
+    void makeDatabases() const;
     // Full path of a relative path below the folder ("temp/kdata.txt").
     QString file(const QString &relative) const { return m_dir.filePath(relative); }
 
