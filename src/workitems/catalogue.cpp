@@ -2,6 +2,7 @@
 
 #include "db/app_folder.h"
 #include "db/database.h"
+#include "db/dialect.h"
 
 #include <QSqlError>
 #include <QVariant>
@@ -32,16 +33,24 @@ std::int32_t toInt32(const QVariant &value)
 // The indexes that keep the three lists instant on large catalogues: classifications are
 // sought along (BNum, 分類), sections along (BNum, KNum, 区分) and parts read from
 // (BNum, KNum, Num, 部品名) without touching the table itself.
-QStringList indexStatements(const QString &table)
+QStringList indexStatements(const QString &table, bool server)
 {
     const QString t = db::quoteIdentifier(table);
+    // The lists walk the rows in SQLite's order, NULLs first; the server's indexes keep NULLs
+    // last unless told, so it gets indexes of its own in that order.
+    const QString nulls = server ? QStringLiteral(" NULLS FIRST") : QString();
+    const QString suffix = server ? QStringLiteral("N") : QString();
+    const auto index = [&](const char *name, const QStringList &columns) {
+        QStringList parts;
+        for (const QString &column : columns)
+            parts.append(db::quoteIdentifier(column) + nulls);
+        return QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
+            .arg(db::quoteIdentifier(table + QLatin1String(name) + suffix), t, parts.join(QStringLiteral(", ")));
+    };
     return {
-        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (\"BNum\", \"分類\")")
-            .arg(db::quoteIdentifier(table + QStringLiteral("_Class")), t),
-        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (\"BNum\", \"KNum\", \"区分\")")
-            .arg(db::quoteIdentifier(table + QStringLiteral("_Section")), t),
-        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (\"BNum\", \"KNum\", \"Num\", \"部品名\")")
-            .arg(db::quoteIdentifier(table + QStringLiteral("_Part")), t),
+        index("_Class", {QStringLiteral("BNum"), QStringLiteral("分類")}),
+        index("_Section", {QStringLiteral("BNum"), QStringLiteral("KNum"), QStringLiteral("区分")}),
+        index("_Part", {QStringLiteral("BNum"), QStringLiteral("KNum"), QStringLiteral("Num"), QStringLiteral("部品名")}),
     };
 }
 
@@ -138,9 +147,10 @@ QString createCatalogueTable(QSqlDatabase &database, const QString &table)
     const QString create = QStringLiteral(
         "CREATE TABLE IF NOT EXISTS %1 (\"Num\" INTEGER, \"BNum\" INTEGER, \"分類\" TEXT, "
         "\"KNum\" INTEGER, \"区分\" TEXT, \"部品名\" TEXT)").arg(db::quoteIdentifier(table));
-    if (!query.exec(create))
+    // On the server the table gets the row number the catalogue reads its rows in order by.
+    if (!query.exec(db::isServer(database) ? db::toServerStatement(create) : create))
         return query.lastError().text();
-    for (const QString &statement : indexStatements(table))
+    for (const QString &statement : indexStatements(table, db::isServer(database)))
         if (!query.exec(statement))
             return query.lastError().text();
     return {};
@@ -168,7 +178,7 @@ std::unique_ptr<CatalogueTable> CatalogueTable::open(const QSqlDatabase &databas
     // A catalogue copied in from elsewhere may lack the indexes; a read-only file keeps working
     // without them.
     QSqlQuery query(database);
-    for (const QString &statement : indexStatements(table))
+    for (const QString &statement : indexStatements(table, db::isServer(database)))
         query.exec(statement);
     const QString problem = t->prepareAll();
     if (!problem.isEmpty())
@@ -191,7 +201,8 @@ QString CatalogueTable::DistinctPairs::prepare(const QString &table, const QStri
     const QString a = db::quoteIdentifier(first);
     const QString b = db::quoteIdentifier(second);
     const QString where = m_hasPrefix ? db::quoteIdentifier(prefix) + QStringLiteral(" = ? AND ") : QString();
-    const QString order = QStringLiteral(" ORDER BY %1, %2 LIMIT 1").arg(a, b);
+    // SQLite's own order; the server puts NULLs last unless told.
+    const QString order = QStringLiteral(" ORDER BY %1 NULLS FIRST, %2 NULLS FIRST LIMIT 1").arg(a, b);
     struct Statement
     {
         QSqlQuery *query;
