@@ -50,7 +50,7 @@ std::unique_ptr<PaintMasters> PaintMasters::open(const QString &appFolder, QStri
 QList<PaintCategory> PaintMasters::categories() const
 {
     QList<PaintCategory> list;
-    QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM TKubunDB"));
+    QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM \"TKubunDB\""));
     while (q.next())
         list.append({q.value(0).toString(), q.record().count() > 1 ? q.value(1).toString() : QString()});
     return list;
@@ -59,7 +59,8 @@ QList<PaintCategory> PaintMasters::categories() const
 QList<PaintPart> PaintMasters::parts(const QString &categoryCode) const
 {
     QList<PaintPart> list;
-    QSqlQuery q = run(m_db, QStringLiteral("SELECT Buhin, Basyo FROM PaintDB WHERE KCode = ? ORDER BY rowid"),
+    QSqlQuery q = run(m_db,
+                      QStringLiteral("SELECT \"Buhin\", \"Basyo\" FROM \"PaintDB\" WHERE \"KCode\" = ? ORDER BY rowid"),
                       {categoryCode});
     while (q.next())
         list.append({q.value(0).toString(), q.value(1).toString()});
@@ -69,7 +70,7 @@ QList<PaintPart> PaintMasters::parts(const QString &categoryCode) const
 QStringList PaintMasters::materials() const
 {
     QStringList list;
-    QSqlQuery q = run(m_db, QStringLiteral("SELECT Toryo FROM KihonSisuDB ORDER BY rowid"));
+    QSqlQuery q = run(m_db, QStringLiteral("SELECT \"Toryo\" FROM \"KihonSisuDB\" ORDER BY rowid"));
     while (q.next()) {
         const QString material = q.value(0).toString();
         if (!material.isEmpty() && !list.contains(material))
@@ -91,13 +92,16 @@ std::optional<QString> PaintMasters::baseIndex(const QString &vehicleClass, cons
 {
     if (panels <= 0)
         return std::nullopt;
-    return indexAt(QStringLiteral("SELECT * FROM KihonSisuDB WHERE Syaryo = ? AND Iro = ? AND Toryo = ?"),
+    return indexAt(
+        QStringLiteral("SELECT * FROM \"KihonSisuDB\" WHERE \"Syaryo\" = ? AND \"Iro\" = ? AND \"Toryo\" = ?"),
                    {vehicleClass, colourCode, material}, panels + 3);
 }
 
 std::optional<HighFunctionValues> PaintMasters::highFunction(const QString &paintKind) const
 {
-    QSqlQuery q = run(m_db, QStringLiteral("SELECT KisoSisu, FusoSisu, TaisuriSisu FROM KoukinoDB WHERE Iro = ?"),
+    QSqlQuery q = run(m_db,
+                      QStringLiteral("SELECT \"KisoSisu\", \"FusoSisu\", \"TaisuriSisu\" FROM \"KoukinoDB\" "
+                                     "WHERE \"Iro\" = ?"),
                       {paintKind});
     if (!q.next())
         return std::nullopt;
@@ -110,28 +114,29 @@ std::optional<HighFunctionValues> PaintMasters::highFunction(const QString &pain
 
 std::optional<QString> PaintMasters::materialCoefficient(const QString &paintKind) const
 {
-    return indexAt(QStringLiteral("SELECT * FROM PZairyohi WHERE \"塗装種類\" = ?"), {paintKind}, 2);
+    return indexAt(QStringLiteral("SELECT * FROM \"PZairyohi\" WHERE \"塗装種類\" = ?"), {paintKind}, 2);
 }
 
 std::optional<QString> PaintMasters::lowHidingIndex(const QString &kind) const
 {
-    return indexAt(QStringLiteral("SELECT * FROM TeiInpeiDB WHERE Syu = ?"), {kind}, 2);
+    return indexAt(QStringLiteral("SELECT * FROM \"TeiInpeiDB\" WHERE \"Syu\" = ?"), {kind}, 2);
 }
 
 std::optional<QString> PaintMasters::lowHidingIndex(const QString &location, const QString &kind) const
 {
-    return indexAt(QStringLiteral("SELECT * FROM TeiInpeiDB WHERE Bui = ? AND Syu = ?"), {location, kind}, 2);
+    return indexAt(QStringLiteral("SELECT * FROM \"TeiInpeiDB\" WHERE \"Bui\" = ? AND \"Syu\" = ?"), {location, kind},
+                   2);
 }
 
 std::optional<QString> PaintMasters::twoCoatSolidIndex(const QString &part) const
 {
-    return indexAt(QStringLiteral("SELECT * FROM SoridTone WHERE Bui = ?"), {part}, 2);
+    return indexAt(QStringLiteral("SELECT * FROM \"SoridTone\" WHERE \"Bui\" = ?"), {part}, 2);
 }
 
 QList<InnerPanelItem> PaintMasters::innerPanelItems() const
 {
     QList<InnerPanelItem> items;
-    QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM NaibanPaintDB ORDER BY rowid"));
+    QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM \"NaibanPaintDB\" ORDER BY rowid"));
     while (items.size() < kInnerPanelItems && q.next()) {
         if (q.record().count() < 6)
             break;
@@ -150,8 +155,8 @@ QList<InnerPanelItem> PaintMasters::innerPanelItems() const
 bool PaintMasters::saveInnerPanelItem(const InnerPanelItem &item)
 {
     QSqlQuery q(m_db);
-    q.prepare(QStringLiteral("UPDATE NaibanPaintDB SET Bui = ?, Naiyo = ?, Sisu = ?, KeiSisu = ?, Memo = ? "
-                             "WHERE No = ?"));
+    q.prepare(QStringLiteral("UPDATE \"NaibanPaintDB\" SET \"Bui\" = ?, \"Naiyo\" = ?, \"Sisu\" = ?, \"KeiSisu\" = ?, "
+                             "\"Memo\" = ? WHERE \"No\" = ?"));
     for (const QVariant &v : QVariantList{item.part, item.content, item.index, item.lightIndex,
                                           item.memo, item.key})
         q.addBindValue(v);

@@ -1,6 +1,7 @@
 #include "db/database.h"
 #include "paint/paint_kind.h"
 #include "paint/paint_masters.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 #include "workitems/labour.h"
 
@@ -15,8 +16,9 @@ namespace {
 struct MastersFixture
 {
     test::TempAppFolder folder;
+    test::BackendScope backend;
     std::unique_ptr<PaintMasters> masters;
-    MastersFixture()
+    explicit MastersFixture(test::Backend on = test::Backend::Sqlite) : backend(on)
     {
         QString error;
         masters = PaintMasters::open(folder.path(), &error);
@@ -29,13 +31,18 @@ struct MastersFixture
     }
 };
 
+// The tables' answers on the application folder's file and on the server.
+class PaintMastersOn : public ::testing::TestWithParam<test::Backend>
+{
+};
+
 } // namespace
 
-TEST(PaintMasters, SampleDatabaseIsMadeOnFirstOpen)
+TEST_P(PaintMastersOn, SampleDatabaseIsMadeOnFirstOpen)
 {
-    MastersFixture x;
+    MastersFixture x(GetParam());
     ASSERT_TRUE(x.masters);
-    EXPECT_TRUE(QFileInfo::exists(x.folder.file(QStringLiteral("temp/PartDB.sqlite"))));
+    EXPECT_EQ(QFileInfo::exists(x.folder.file(QStringLiteral("temp/PartDB.sqlite"))), GetParam() == test::Backend::Sqlite);
     const auto categories = x.masters->categories();
     ASSERT_EQ(categories.size(), 5);
     EXPECT_EQ(categories.first().code, QStringLiteral("01"));
@@ -88,9 +95,9 @@ INSTANTIATE_TEST_SUITE_P(
                       BaseCase{"普通", "ﾒﾀﾘｯｸ", "", 1, std::nullopt},
                       BaseCase{"大型", "ﾒﾀﾘｯｸ", "速乾", 1, std::nullopt}));
 
-TEST(PaintMasters, HighFunctionIsLookedUpByTheKindTextNotItsCode)
+TEST_P(PaintMastersOn, HighFunctionIsLookedUpByTheKindTextNotItsCode)
 {
-    MastersFixture x;
+    MastersFixture x(GetParam());
     const auto values = x.masters->highFunction(QStringLiteral("ﾒﾀﾘｯｸ"));
     ASSERT_TRUE(values);
     EXPECT_EQ(values->baseIndex, QStringLiteral("0.45"));
@@ -103,9 +110,9 @@ TEST(PaintMasters, HighFunctionIsLookedUpByTheKindTextNotItsCode)
               QStringLiteral("0.47"));
 }
 
-TEST(PaintMasters, SurchargeTablesByKindAndByLocation)
+TEST_P(PaintMastersOn, SurchargeTablesByKindAndByLocation)
 {
-    MastersFixture x;
+    MastersFixture x(GetParam());
     EXPECT_EQ(x.masters->lowHidingIndex(QStringLiteral("加算指数")), QStringLiteral("0.20"));
     EXPECT_EQ(x.masters->lowHidingIndex(QStringLiteral("ﾙｰﾌ")), QStringLiteral("0.80"));
     EXPECT_EQ(x.masters->lowHidingIndex(QStringLiteral("ﾙｰﾌ以外")), QStringLiteral("0.50"));
@@ -118,9 +125,9 @@ TEST(PaintMasters, SurchargeTablesByKindAndByLocation)
     EXPECT_EQ(x.masters->twoCoatSolidIndex(QStringLiteral("ルーフ以外")), QStringLiteral("0.45"));
 }
 
-TEST(PaintMasters, InnerPanelItemsInTableOrderAndEdited)
+TEST_P(PaintMastersOn, InnerPanelItemsInTableOrderAndEdited)
 {
-    MastersFixture x;
+    MastersFixture x(GetParam());
     auto items = x.masters->innerPanelItems();
     ASSERT_EQ(items.size(), 7);
     EXPECT_EQ(items.at(0).part, QStringLiteral("ボンネット"));
@@ -138,13 +145,13 @@ TEST(PaintMasters, InnerPanelItemsInTableOrderAndEdited)
     EXPECT_EQ(again.at(3).index, QStringLiteral("1.10"));
 }
 
-TEST(PaintMasters, MissingTablesAndRowsGiveEmptyAnswers)
+TEST_P(PaintMastersOn, MissingTablesAndRowsGiveEmptyAnswers)
 {
-    MastersFixture x;
-    x.exec(QStringLiteral("DROP TABLE KoukinoDB"));
-    x.exec(QStringLiteral("DROP TABLE TKubunDB"));
-    x.exec(QStringLiteral("DELETE FROM PZairyohi WHERE \"塗装種類\" = 'ﾒﾀﾘｯｸ'"));
-    x.exec(QStringLiteral("DROP TABLE NaibanPaintDB"));
+    MastersFixture x(GetParam());
+    x.exec(QStringLiteral("DROP TABLE \"KoukinoDB\""));
+    x.exec(QStringLiteral("DROP TABLE \"TKubunDB\""));
+    x.exec(QStringLiteral("DELETE FROM \"PZairyohi\" WHERE \"塗装種類\" = 'ﾒﾀﾘｯｸ'"));
+    x.exec(QStringLiteral("DROP TABLE \"NaibanPaintDB\""));
     EXPECT_FALSE(x.masters->highFunction(QStringLiteral("ﾒﾀﾘｯｸ")));
     EXPECT_TRUE(x.masters->categories().isEmpty());
     EXPECT_FALSE(x.masters->materialCoefficient(QStringLiteral("ﾒﾀﾘｯｸ")));
@@ -156,6 +163,9 @@ TEST(PaintMasters, MissingTablesAndRowsGiveEmptyAnswers)
     EXPECT_FALSE(x.masters->saveInnerPanelItem(ghost));
     EXPECT_FALSE(x.masters->lastError().isEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, PaintMastersOn, ::testing::ValuesIn(test::kBothBackends),
+                         [](const auto &info) { return test::backendName(info.param); });
 
 struct KindCase
 {
