@@ -63,66 +63,65 @@ std::optional<QList<Choice>> EasyEstimateStore::choices(const QString &sql, cons
     return result;
 }
 
+// Every name in double quotes: the server keeps them as written.
 std::optional<QList<Choice>> EasyEstimateStore::workKinds()
 {
-    return choices(QStringLiteral("SELECT [No], 作業区分 FROM M_TSKubun ORDER BY [No]"), {});
+    return choices(QStringLiteral("SELECT \"No\", \"作業区分\" FROM \"M_TSKubun\" ORDER BY \"No\""), {});
 }
 
 std::optional<QList<Choice>> EasyEstimateStore::classesA(int workKind)
 {
-    return choices(QStringLiteral("SELECT DISTINCT M_TSyaryoA.[No],M_TSyaryoA.車両区分A "
-                                  "FROM M_TSyaryoA INNER JOIN T_TUnitPrice ON M_TSyaryoA.[No] = T_TUnitPrice.車両区分A "
-                                  "WHERE T_TUnitPrice.作業区分=? ORDER BY M_TSyaryoA.[No]"),
+    return choices(QStringLiteral("SELECT DISTINCT a.\"No\", a.\"車両区分A\" FROM \"M_TSyaryoA\" a "
+                                  "JOIN \"T_TUnitPrice\" p ON a.\"No\" = p.\"車両区分A\" "
+                                  "WHERE p.\"作業区分\" = ? ORDER BY a.\"No\""),
                    {workKind});
 }
 
 std::optional<QList<Choice>> EasyEstimateStore::allClassesA()
 {
-    return choices(QStringLiteral("SELECT [No], 車両区分A FROM M_TSyaryoA ORDER BY [No]"), {});
+    return choices(QStringLiteral("SELECT \"No\", \"車両区分A\" FROM \"M_TSyaryoA\" ORDER BY \"No\""), {});
 }
 
 std::optional<QList<Choice>> EasyEstimateStore::allClassesB()
 {
-    return choices(QStringLiteral("SELECT [No], 車両区分B FROM M_TSyaryoB ORDER BY [No]"), {});
+    return choices(QStringLiteral("SELECT \"No\", \"車両区分B\" FROM \"M_TSyaryoB\" ORDER BY \"No\""), {});
 }
 
 std::optional<QList<Choice>> EasyEstimateStore::allColours()
 {
-    return choices(QStringLiteral("SELECT [No], 色区分 FROM M_TColor ORDER BY [No]"), {});
+    return choices(QStringLiteral("SELECT \"No\", \"色区分\" FROM \"M_TColor\" ORDER BY \"No\""), {});
 }
 
+// The prices of a choice whose work kind and classes are all in their tables.
 std::optional<QList<Choice>> EasyEstimateStore::classesB(int workKind, int classA)
 {
-    return choices(
-        QStringLiteral(
-            "SELECT DISTINCT M_TSyaryoB.[No],M_TSyaryoB.車両区分B "
-            "FROM M_TSyaryoB INNER JOIN (M_TSyaryoA INNER JOIN (M_TSKubun INNER JOIN T_TUnitPrice "
-            "ON M_TSKubun.[No] = T_TUnitPrice.作業区分) ON M_TSyaryoA.[No] = T_TUnitPrice.車両区分A) "
-            "ON M_TSyaryoB.[No] = T_TUnitPrice.車両区分B "
-            "WHERE (((T_TUnitPrice.作業区分)=?) AND ((T_TUnitPrice.車両区分A)=?)) ORDER BY M_TSyaryoB.[No]"),
-        {workKind, classA});
+    return choices(QStringLiteral("SELECT DISTINCT b.\"No\", b.\"車両区分B\" FROM \"T_TUnitPrice\" p "
+                                  "JOIN \"M_TSKubun\" k ON k.\"No\" = p.\"作業区分\" "
+                                  "JOIN \"M_TSyaryoA\" a ON a.\"No\" = p.\"車両区分A\" "
+                                  "JOIN \"M_TSyaryoB\" b ON b.\"No\" = p.\"車両区分B\" "
+                                  "WHERE p.\"作業区分\" = ? AND p.\"車両区分A\" = ? ORDER BY b.\"No\""),
+                   {workKind, classA});
 }
 
 std::optional<QList<Choice>> EasyEstimateStore::colours(int workKind, int classA, int classB)
 {
-    return choices(
-        QStringLiteral(
-            "SELECT DISTINCT M_TColor.[No], M_TColor.色区分 "
-            "FROM M_TSyaryoB INNER JOIN (M_TSyaryoA INNER JOIN (M_TColor INNER JOIN (M_TSKubun INNER JOIN "
-            "T_TUnitPrice ON M_TSKubun.[No] = T_TUnitPrice.作業区分) ON M_TColor.[No] = T_TUnitPrice.色区分) "
-            "ON M_TSyaryoA.[No] = T_TUnitPrice.車両区分A) ON M_TSyaryoB.[No] = T_TUnitPrice.車両区分B "
-            "WHERE (((T_TUnitPrice.作業区分)=?) AND ((T_TUnitPrice.車両区分A)=?) AND ((T_TUnitPrice.車両区分B)=?)) "
-            "ORDER BY M_TColor.[No]"),
-        {workKind, classA, classB});
+    return choices(QStringLiteral("SELECT DISTINCT c.\"No\", c.\"色区分\" FROM \"T_TUnitPrice\" p "
+                                  "JOIN \"M_TSKubun\" k ON k.\"No\" = p.\"作業区分\" "
+                                  "JOIN \"M_TSyaryoA\" a ON a.\"No\" = p.\"車両区分A\" "
+                                  "JOIN \"M_TSyaryoB\" b ON b.\"No\" = p.\"車両区分B\" "
+                                  "JOIN \"M_TColor\" c ON c.\"No\" = p.\"色区分\" "
+                                  "WHERE p.\"作業区分\" = ? AND p.\"車両区分A\" = ? AND p.\"車両区分B\" = ? "
+                                  "ORDER BY c.\"No\""),
+                   {workKind, classA, classB});
 }
 
 std::optional<QList<UnitPriceRow>> EasyEstimateStore::unitPrices(const Classification &c, int panel, PanelMatch match)
 {
     QSqlQuery query(m_db);
     query.setForwardOnly(true);
-    if (!query.prepare(QStringLiteral("SELECT [No], 作業部位, 作業内容, [材料/部品代], 工賃 FROM T_TUnitPrice"
-                                      " WHERE 作業区分=? AND 車両区分A=? AND 車両区分B=? AND 色区分=? AND Num=?"
-                                      " ORDER BY [No]"))) {
+    if (!query.prepare(QStringLiteral("SELECT \"No\", \"作業部位\", \"作業内容\", \"材料/部品代\", \"工賃\" "
+                                      "FROM \"T_TUnitPrice\" WHERE \"作業区分\" = ? AND \"車両区分A\" = ? "
+                                      "AND \"車両区分B\" = ? AND \"色区分\" = ? AND \"Num\" = ? ORDER BY \"No\""))) {
         m_error = query.lastError().text();
         return std::nullopt;
     }

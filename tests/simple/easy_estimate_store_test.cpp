@@ -20,6 +20,11 @@ QStringList L(std::initializer_list<const char *> items)
     return result;
 }
 
+// The store's answers on the application folder's file and on the server.
+class EasyEstimateOn : public ::testing::TestWithParam<est::test::Backend>
+{
+};
+
 } // namespace
 
 TEST(EasyEstimateStore, AMissingFileIsMadeFromTheSampleData)
@@ -31,15 +36,15 @@ TEST(EasyEstimateStore, AMissingFileIsMadeFromTheSampleData)
 }
 
 // Class A 4 (大型・輸入車) has no unit price at all; class B 5 (トラック) neither.
-TEST(EasyEstimateStore, ClassesAWithoutPricesForTheWorkKindNeverAppear)
+TEST_P(EasyEstimateOn, ClassesAWithoutPricesForTheWorkKindNeverAppear)
 {
-    SimpleFixture x;
+    SimpleFixture x(GetParam());
     EXPECT_EQ(names(x.store->classesA(1)), L({"軽自動車", "小型自動車", "普通自動車"}));
     EXPECT_EQ(names(x.store->classesA(2)), L({"軽自動車", "小型自動車", "普通自動車"}));
     EXPECT_TRUE(names(x.store->classesA(3)).isEmpty());
     // Prices for work kind 2 only make the class appear for work kind 2 only.
-    x.exec(QStringLiteral("INSERT INTO T_TUnitPrice (作業部位, 作業内容, [材料/部品代], 工賃, 作業区分, 車両区分A, "
-                          "車両区分B, 色区分, Num) VALUES ('ルーフ', '塗装', 1000, 2000, 2, 4, 1, 1, 7)"));
+    x.exec(QStringLiteral("INSERT INTO \"T_TUnitPrice\" (\"作業部位\", \"作業内容\", \"材料/部品代\", \"工賃\", \"作業区分\", "
+                          "\"車両区分A\", \"車両区分B\", \"色区分\", \"Num\") VALUES ('ルーフ', '塗装', 1000, 2000, 2, 4, 1, 1, 7)"));
     EXPECT_EQ(names(x.store->classesA(1)).size(), 3);
     EXPECT_EQ(names(x.store->classesA(2)).last(), QStringLiteral("大型・輸入車"));
 }
@@ -71,30 +76,30 @@ INSTANTIATE_TEST_SUITE_P(
                       Narrowing{2, 2, 1, L({"ソリッド", "メタリック", "パール"})},
                       Narrowing{2, 1, 1, {}}));
 
-TEST(EasyEstimateStore, TheOpeningListsOfClassBAndColourAreWholeTables)
+TEST_P(EasyEstimateOn, TheOpeningListsOfClassBAndColourAreWholeTables)
 {
-    SimpleFixture x;
+    SimpleFixture x(GetParam());
     EXPECT_EQ(names(x.store->allClassesB()), L({"セダン", "ハッチバック", "ミニバン", "SUV", "トラック"}));
     EXPECT_EQ(names(x.store->allColours()), L({"ソリッド", "メタリック", "パール"}));
 }
 
 // A work kind missing from M_TSKubun hides its prices from the class B and colour lists (they
 // join the work kind table) but not from the class A list, which does not.
-TEST(EasyEstimateStore, ClassBAndColourListsNeedAKnownWorkKind)
+TEST_P(EasyEstimateOn, ClassBAndColourListsNeedAKnownWorkKind)
 {
-    SimpleFixture x;
-    x.exec(QStringLiteral("UPDATE T_TUnitPrice SET 作業区分 = 7 WHERE 作業区分 = 2"));
+    SimpleFixture x(GetParam());
+    x.exec(QStringLiteral("UPDATE \"T_TUnitPrice\" SET \"作業区分\" = 7 WHERE \"作業区分\" = 2"));
     EXPECT_EQ(names(x.store->classesA(7)).size(), 3);
     EXPECT_TRUE(names(x.store->classesB(7, 2)).isEmpty());
     EXPECT_TRUE(names(x.store->colours(7, 2, 1)).isEmpty());
 }
 
-TEST(EasyEstimateStore, NamesWithApostrophesAreListed)
+TEST_P(EasyEstimateOn, NamesWithApostrophesAreListed)
 {
-    SimpleFixture x;
-    x.exec(QStringLiteral("INSERT INTO M_TSyaryoA ([No], 車両区分A) VALUES (9, ?)"), {QStringLiteral("O'Neil's 車")});
-    x.exec(QStringLiteral("INSERT INTO T_TUnitPrice (作業部位, 作業内容, [材料/部品代], 工賃, 作業区分, 車両区分A, "
-                          "車両区分B, 色区分, Num) VALUES (?, ?, 0, 100, 1, 9, 1, 1, 3)"),
+    SimpleFixture x(GetParam());
+    x.exec(QStringLiteral("INSERT INTO \"M_TSyaryoA\" (\"No\", \"車両区分A\") VALUES (9, ?)"), {QStringLiteral("O'Neil's 車")});
+    x.exec(QStringLiteral("INSERT INTO \"T_TUnitPrice\" (\"作業部位\", \"作業内容\", \"材料/部品代\", \"工賃\", \"作業区分\", "
+                          "\"車両区分A\", \"車両区分B\", \"色区分\", \"Num\") VALUES (?, ?, 0, 100, 1, 9, 1, 1, 3)"),
            {QStringLiteral("ドア'右"), QStringLiteral("'磨き'")});
     EXPECT_EQ(names(x.store->classesA(1)).last(), QStringLiteral("O'Neil's 車"));
     const auto rows = x.store->unitPrices({1, 9, 1, 1}, 3, PanelMatch::AsNumber);
@@ -107,9 +112,9 @@ TEST(EasyEstimateStore, NamesWithApostrophesAreListed)
 // 小型自動車 (×1.15), セダン (×1.0), ソリッド: the front door's small repair is 13,000 × 1.15 =
 // 14,950, to the hundred 15,000 (half to even), material 6,500 × 0.6 = 3,900; the medium
 // repair is 1.6 × 15,000 = 24,000 and 1.3 × 3,900 = 5,070, to the hundred 5,100.
-TEST(EasyEstimateStore, UnitPricesOfOnePanel)
+TEST_P(EasyEstimateOn, UnitPricesOfOnePanel)
 {
-    SimpleFixture x;
+    SimpleFixture x(GetParam());
     const auto rows = x.store->unitPrices({1, 2, 1, 1}, 3, PanelMatch::AsNumber);
     ASSERT_TRUE(rows);
     ASSERT_EQ(rows->size(), 2);
@@ -121,9 +126,9 @@ TEST(EasyEstimateStore, UnitPricesOfOnePanel)
     EXPECT_EQ(rows->at(1).material, 5100);
 }
 
-TEST(EasyEstimateStore, ThePanelAsTextFindsTheSameRowsAsTheNumber)
+TEST_P(EasyEstimateOn, ThePanelAsTextFindsTheSameRowsAsTheNumber)
 {
-    SimpleFixture x;
+    SimpleFixture x(GetParam());
     for (int panel = 0; panel <= 11; ++panel) {
         const auto asText = x.store->unitPrices({1, 3, 3, 2}, panel, PanelMatch::AsText);
         const auto asNumber = x.store->unitPrices({1, 3, 3, 2}, panel, PanelMatch::AsNumber);
@@ -137,6 +142,9 @@ TEST(EasyEstimateStore, ThePanelAsTextFindsTheSameRowsAsTheNumber)
     EXPECT_TRUE(x.store->unitPrices({1, 3, 3, 2}, 8, PanelMatch::AsNumber)->isEmpty());
     EXPECT_EQ(x.store->unitPrices({1, 3, 3, 2}, 11, PanelMatch::AsNumber)->size(), 2);
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, EasyEstimateOn, ::testing::ValuesIn(est::test::kBothBackends),
+                         [](const auto &info) { return est::test::backendName(info.param); });
 
 TEST(EasyEstimateStore, AFileThatIsNoDatabaseIsReported)
 {
@@ -155,7 +163,7 @@ TEST(EasyEstimateStore, AFileThatIsNoDatabaseIsReported)
 TEST(EasyEstimateStore, AFileWithoutTheUnitPriceTableIsReported)
 {
     SimpleFixture x;
-    x.exec(QStringLiteral("DROP TABLE T_TUnitPrice"));
+    x.exec(QStringLiteral("DROP TABLE \"T_TUnitPrice\""));
     x.store.reset();
     QString error;
     EXPECT_FALSE(EasyEstimateStore::open(x.folder.path(), &error));

@@ -1,7 +1,9 @@
 #pragma once
-// A temporary application folder with the simple estimate's file made from the sample data.
+// A temporary application folder with the simple estimate's file made from the sample data
+// (or its database on the test run's server).
 
 #include "simple/easy_estimate_store.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -13,7 +15,7 @@ namespace est::test {
 
 struct SimpleFixture
 {
-    SimpleFixture()
+    explicit SimpleFixture(Backend on = Backend::Sqlite) : backend(on)
     {
         QString error;
         store = simple::EasyEstimateStore::open(folder.path(), &error);
@@ -31,6 +33,7 @@ struct SimpleFixture
     }
 
     TempAppFolder folder;
+    BackendScope backend;
     std::unique_ptr<simple::EasyEstimateStore> store;
 };
 
