@@ -13,7 +13,7 @@ QList<BasicIndexKey> missingBasicIndexRows(const QSqlDatabase &database, QString
     QList<BasicIndexKey> gaps;
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("SELECT Syaryo, Iro, Toryo FROM KihonSisuDB ORDER BY rowid"))) {
+    if (!query.exec(QStringLiteral("SELECT \"Syaryo\", \"Iro\", \"Toryo\" FROM \"KihonSisuDB\" ORDER BY rowid"))) {
         *error = QStringLiteral("基礎指数の表を読めませんでした。\n") + query.lastError().text();
         return gaps;
     }

@@ -35,11 +35,13 @@ BumperGaps missingBumperRows(const QSqlDatabase &database, QString *error)
 {
     BumperGaps gaps;
     const auto base = column(database,
-                             QStringLiteral("SELECT \"作業\" || char(9) || \"車種\" || char(9) || \"色種\" || char(9) || "
-                                            "\"内容\" FROM BanpaDB"),
+                             // A tab written into the text: SQLite's char(9) is no function on the server.
+                             QStringLiteral("SELECT \"作業\" || '\t' || \"車種\" || '\t' || \"色種\" || '\t' || "
+                                            "\"内容\" FROM \"BanpaDB\""),
                              error);
-    const auto offVehicle = base ? column(database, QStringLiteral("SELECT Colr FROM BampaTantaiDB"), error) : std::nullopt;
-    const auto priced = offVehicle ? column(database, QStringLiteral("SELECT \"塗装種類\" FROM PZairyohi ORDER BY rowid"), error)
+    const auto offVehicle =
+        base ? column(database, QStringLiteral("SELECT \"Colr\" FROM \"BampaTantaiDB\""), error) : std::nullopt;
+    const auto priced = offVehicle ? column(database, QStringLiteral("SELECT \"塗装種類\" FROM \"PZairyohi\" ORDER BY rowid"), error)
                                    : std::nullopt;
     if (!priced)
         return gaps;

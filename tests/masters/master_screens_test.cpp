@@ -5,6 +5,7 @@
 #include "masters/basic_index_gaps.h"
 #include "masters/bumper_gaps.h"
 #include "masters/master_screens.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -62,17 +63,23 @@ INSTANTIATE_TEST_SUITE_P(Screens, MasterScreenTest,
                                            ScreenCase{"frmPaintName", &paintNameScreen}),
                          [](const auto &info) { return std::string(info.param.name); });
 
-TEST(BasicIndexGaps, ListsTheCombinationsThePaintScreenCanAskFor)
+// The gap checks on the application folder's file and on the server.
+class GapsOn : public ::testing::TestWithParam<test::Backend>
+{
+};
+
+TEST_P(GapsOn, BasicIndexListsTheCombinationsThePaintScreenCanAskFor)
 {
     test::TempAppFolder folder;
+    const test::BackendScope backend(GetParam());
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     ASSERT_TRUE(opened.ok());
     QString error;
     const QList<BasicIndexKey> sampleGaps = missingBasicIndexRows(opened.database, &error);
     EXPECT_EQ(error, QString());
     QSqlQuery q(opened.database);
-    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM KihonSisuDB WHERE Syaryo = '軽自' AND Iro = '3P'")));
-    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(DISTINCT Toryo) FROM KihonSisuDB")) && q.next());
+    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM \"KihonSisuDB\" WHERE \"Syaryo\" = '軽自' AND \"Iro\" = '3P'")));
+    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(DISTINCT \"Toryo\") FROM \"KihonSisuDB\"")) && q.next());
     const int materials = q.value(0).toInt();
     const QList<BasicIndexKey> gaps = missingBasicIndexRows(opened.database, &error);
     // Every material of light cars in three-coat pearl is now missing, in the table's order.
@@ -126,9 +133,10 @@ TEST(PaintNameScreen, ACategoryStillUsedByPartNamesIsNotDeleted)
 
 // Every bumper choice has its rows in a new installation; a row removed, or a paint kind typed
 // differently (full-width ソリッド), shows as gaps instead of a bumper priced at index 0.
-TEST(BumperGaps, ListsTheRowsTheBumperScreenCanAskFor)
+TEST_P(GapsOn, BumperListsTheRowsTheBumperScreenCanAskFor)
 {
     test::TempAppFolder folder;
+    const test::BackendScope backend(GetParam());
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     ASSERT_TRUE(opened.ok());
     QString error;
@@ -136,14 +144,14 @@ TEST(BumperGaps, ListsTheRowsTheBumperScreenCanAskFor)
     EXPECT_EQ(describeBumperGaps({}), QStringLiteral("作業・車種・色種・内容のすべての組み合わせにバンパー指数があります。"));
 
     QSqlQuery q(opened.database);
-    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM BanpaDB WHERE \"作業\" = 'X' AND \"車種\" = '普通' AND \"色種\" = 'ﾒﾀﾘｯｸ' "
+    ASSERT_TRUE(q.exec(QStringLiteral("DELETE FROM \"BanpaDB\" WHERE \"作業\" = 'X' AND \"車種\" = '普通' AND \"色種\" = 'ﾒﾀﾘｯｸ' "
                                       "AND \"内容\" = '全面塗装'")));
     BumperGaps gaps = missingBumperRows(opened.database, &error);
     EXPECT_EQ(gaps.baseRows, QStringList({QStringLiteral("取替・普通・ﾒﾀﾘｯｸ・全面塗装")}));
     EXPECT_TRUE(gaps.offVehicleKinds.isEmpty());
 
     // One row with the kind typed in full-width: 2 works × 3 classes × 3 contents - 1 are missing.
-    ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO BanpaDB VALUES ('S', '小型', 'ソリッド', '半面塗装', '', 1.5)")));
+    ASSERT_TRUE(q.exec(QStringLiteral("INSERT INTO \"BanpaDB\" VALUES ('S', '小型', 'ソリッド', '半面塗装', '', 1.5)")));
     gaps = missingBumperRows(opened.database, &error);
     EXPECT_EQ(gaps.baseRows.size(), 1 + 17);
     EXPECT_TRUE(gaps.baseRows.contains(QStringLiteral("修理・軽自・ソリッド・全面塗装")));
@@ -151,10 +159,13 @@ TEST(BumperGaps, ListsTheRowsTheBumperScreenCanAskFor)
     EXPECT_EQ(describeBumperGaps(gaps, 1), QStringLiteral("バンパー指数の無い組み合わせ（18件）：取替・小型・ソリッド・全面塗装 ほか\n"
                                                           "単体塗装の指数が無い色種：ソリッド"));
 
-    ASSERT_TRUE(q.exec(QStringLiteral("DROP TABLE BampaTantaiDB")));
+    ASSERT_TRUE(q.exec(QStringLiteral("DROP TABLE \"BampaTantaiDB\"")));
     EXPECT_TRUE(missingBumperRows(opened.database, &error).empty());
     EXPECT_TRUE(error.startsWith(QStringLiteral("バンパー指数の表を読めませんでした。")));
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, GapsOn, ::testing::ValuesIn(test::kBothBackends),
+                         [](const auto &info) { return test::backendName(info.param); });
 
 // The content of a bumper row is one the bumper screen offers.
 TEST(BumperScreen, AContentTheScreenDoesNotOfferIsRefused)
