@@ -1,6 +1,7 @@
 #include "db/database.h"
 #include "sheet/non_taxable_list.h"
 #include "sheet/non_taxable_store.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QFile>
@@ -81,18 +82,20 @@ TEST(NonTaxableList, SessionRoundTripAndJoinedNames)
     EXPECT_TRUE(NonTaxableList::fromSession(items).rows().isEmpty());
 }
 
-struct StoreFixture
+// The list of non-taxable items on the application folder's file or on the server.
+struct NonTaxableStoreOn : ::testing::TestWithParam<test::Backend>
 {
     test::TempAppFolder folder;
+    test::BackendScope backend{GetParam()};
     db::OpenResult opened = db::openDatabase(folder.path(), "Data\\Hikazei.mdb");
     NonTaxableStore store{opened.database};
 };
 
-TEST(NonTaxableStore, SampleListAndApostrophes)
+TEST_P(NonTaxableStoreOn, SampleListAndApostrophes)
 {
-    StoreFixture x;
+    NonTaxableStoreOn &x = *this;
     ASSERT_TRUE(x.opened.ok()) << x.opened.error.toStdString();
-    EXPECT_TRUE(QFile::exists(x.folder.file("Data/Hikazei.sqlite")));
+    EXPECT_EQ(QFile::exists(x.folder.file("Data/Hikazei.sqlite")), GetParam() == test::Backend::Sqlite);
     const QList<NonTaxableEntry> all = x.store.entries();
     ASSERT_GE(all.size(), 4);
     for (int i = 0; i < all.size(); ++i)
@@ -107,9 +110,9 @@ TEST(NonTaxableStore, SampleListAndApostrophes)
     EXPECT_FALSE(x.store.find("Owner").has_value());
 }
 
-TEST(NonTaxableStore, DeleteRenumbersAndTheListStopsAt99)
+TEST_P(NonTaxableStoreOn, DeleteRenumbersAndTheListStopsAt99)
 {
-    StoreFixture x;
+    NonTaxableStoreOn &x = *this;
     ASSERT_TRUE(x.opened.ok());
     const int start = x.store.count();
     ASSERT_TRUE(x.store.remove(2));
@@ -125,5 +128,8 @@ TEST(NonTaxableStore, DeleteRenumbersAndTheListStopsAt99)
     ASSERT_TRUE(x.store.update(99, QStringLiteral("最後"), 5));
     EXPECT_EQ(x.store.entries().last(), (NonTaxableEntry{99, QStringLiteral("最後"), 5}));
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, NonTaxableStoreOn, ::testing::ValuesIn(test::kBothBackends),
+                         [](const auto &info) { return test::backendName(info.param); });
 
 } // namespace
