@@ -1,6 +1,7 @@
 #include "db/database.h"
 #include "sheet/company_block.h"
 #include "sheet/company_store.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QFile>
@@ -150,16 +151,18 @@ TEST(CompanyBlock, WriteIntoAFolderThatCannotExist)
     EXPECT_FALSE(writeCompanyBlock(companyFilePath(folder.path()), sampleBlock()).isEmpty());
 }
 
-struct StoreFixture
+// The own-company records on the application folder's file or on the server.
+struct CompanyStoreOn : ::testing::TestWithParam<test::Backend>
 {
     test::TempAppFolder folder;
+    test::BackendScope backend{GetParam()};
     db::OpenResult opened = db::openDatabase(folder.path(), "temp\\Jisya_Jyouhou.mdb");
     CompanyStore store{opened.database};
 };
 
-TEST(CompanyStore, SampleRecordAndEdits)
+TEST_P(CompanyStoreOn, SampleRecordAndEdits)
 {
-    StoreFixture x;
+    CompanyStoreOn &x = *this;
     ASSERT_TRUE(x.opened.ok()) << x.opened.error.toStdString();
     QList<CompanyRecord> all = x.store.records();
     ASSERT_EQ(all.size(), 1);
@@ -189,6 +192,9 @@ TEST(CompanyStore, SampleRecordAndEdits)
     r.jNo = 99;
     EXPECT_FALSE(x.store.update(r));
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, CompanyStoreOn, ::testing::ValuesIn(test::kBothBackends),
+                         [](const auto &info) { return test::backendName(info.param); });
 
 struct CheckCase
 {
