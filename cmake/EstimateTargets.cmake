@@ -56,12 +56,12 @@ function(est_library name)
     endif()
 endfunction()
 
-# est_test(name SOURCES ... LINKS ... [SHARDS n]): the GoogleTest executable of one subsystem,
+# est_test(name SOURCES ... LINKS ... [SHARDS n] [BOTH_BACKENDS]): the GoogleTest executable of one subsystem,
 # registered with CTest, run offscreen with its own settings store so tests never touch the
 # user's settings. With SHARDS, CTest runs it as n parts (GoogleTest sharding) that can run in
 # parallel, each with a settings store of its own.
 function(est_test name)
-    cmake_parse_arguments(ARG "" "SHARDS" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "BOTH_BACKENDS" "SHARDS" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE test_support GTest::gtest GTest::gmock ${ARG_LINKS})
     est_use_pch(${name} tests)
@@ -80,6 +80,12 @@ function(est_test name)
         add_test(NAME ${test} COMMAND ${name})
         set_tests_properties(${test} PROPERTIES ENVIRONMENT "${env}" TIMEOUT 300)
     endforeach()
+    # Once more with the program's shared fixtures on the test server (test::backendOfRun()).
+    if(ARG_BOTH_BACKENDS)
+        add_test(NAME ${name}_server COMMAND ${name})
+        set_tests_properties(${name}_server PROPERTIES TIMEOUT 300 ENVIRONMENT
+            "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;ESTIMATE_TEST_BACKEND=server;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-config/${name}_server")
+    endif()
 endfunction()
 
 # est_bench(name SOURCES ... LINKS ...): a Google Benchmark executable, not run by CTest and

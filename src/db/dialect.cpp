@@ -41,6 +41,12 @@ QString upsertStatement(const QString &table, const QStringList &columns, const 
                                : QStringLiteral("DO UPDATE SET ") + updates.join(QStringLiteral(", ")));
 }
 
+int fieldCount(const QSqlRecord &record)
+{
+    const int count = record.count();
+    return count > 0 && record.fieldName(count - 1) == QLatin1String("rowid") ? count - 1 : count;
+}
+
 QStringList columnNames(const QSqlDatabase &database, const QString &table)
 {
     QStringList names;

@@ -3,6 +3,7 @@
 // both understand and asks here for the few pieces that differ.
 
 #include <QSqlDatabase>
+#include <QSqlRecord>
 #include <QString>
 #include <QStringList>
 
@@ -23,6 +24,10 @@ inline QString nonNullText(const QString &text)
 {
     return text.isNull() ? QStringLiteral("") : text;
 }
+
+// The fields of a row read with SELECT *, the server's row number column not counted (it
+// comes last), so that reading a field by its position finds the same field on both.
+int fieldCount(const QSqlRecord &record);
 
 // The columns of a table in their order (the server's hidden row number not among them).
 QStringList columnNames(const QSqlDatabase &database, const QString &table);

@@ -1,6 +1,7 @@
 #include "indices/additional_tables.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "indices/index_value.h"
 
 #include <QSqlQuery>
@@ -44,7 +45,7 @@ QString fieldOfRow(const QSqlDatabase &database, const QString &table, const QSt
     q.prepare(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY rowid")
                   .arg(db::quoteIdentifier(table), db::quoteIdentifier(keyField)));
     q.addBindValue(key);
-    if (!q.exec() || !q.next() || position < 0 || position >= q.record().count())
+    if (!q.exec() || !q.next() || position < 0 || position >= db::fieldCount(q.record()))
         return {};
     return indexText(q.value(position));
 }
@@ -78,7 +79,7 @@ QString AdditionalTables::unitIndex(UnitTable table) const
 {
     QSqlQuery q(m_database);
     if (!q.exec(QStringLiteral("SELECT * FROM %1 ORDER BY rowid LIMIT 1").arg(db::quoteIdentifier(unitTableName(table))))
-        || !q.next() || q.record().count() < 2)
+        || !q.next() || db::fieldCount(q.record()) < 2)
         return {};
     return indexText(q.value(1));
 }

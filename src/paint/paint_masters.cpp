@@ -1,6 +1,7 @@
 #include "paint/paint_masters.h"
 
 #include "db/database.h"
+#include "db/dialect.h"
 #include "db/part_db.h"
 #include "workitems/labour.h"
 
@@ -52,7 +53,7 @@ QList<PaintCategory> PaintMasters::categories() const
     QList<PaintCategory> list;
     QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM \"TKubunDB\""));
     while (q.next())
-        list.append({q.value(0).toString(), q.record().count() > 1 ? q.value(1).toString() : QString()});
+        list.append({q.value(0).toString(), db::fieldCount(q.record()) > 1 ? q.value(1).toString() : QString()});
     return list;
 }
 
@@ -82,7 +83,7 @@ QStringList PaintMasters::materials() const
 std::optional<QString> PaintMasters::indexAt(const QString &sql, const QVariantList &values, int position) const
 {
     QSqlQuery q = run(m_db, sql, values);
-    if (!q.next() || position < 0 || position >= q.record().count())
+    if (!q.next() || position < 0 || position >= db::fieldCount(q.record()))
         return std::nullopt;
     return indexText(q.value(position));
 }
@@ -138,7 +139,7 @@ QList<InnerPanelItem> PaintMasters::innerPanelItems() const
     QList<InnerPanelItem> items;
     QSqlQuery q = run(m_db, QStringLiteral("SELECT * FROM \"NaibanPaintDB\" ORDER BY rowid"));
     while (items.size() < kInnerPanelItems && q.next()) {
-        if (q.record().count() < 6)
+        if (db::fieldCount(q.record()) < 6)
             break;
         InnerPanelItem item;
         item.key = q.value(0);

@@ -1,11 +1,14 @@
 #pragma once
 // A temporary application folder whose temp/PartDB.sqlite is made from the built-in schema
-// and sample data, opened for the index tables.
+// and sample data, opened for the index tables; in the program's server run, that database on
+// a fresh database of the test server instead.
 
 #include "db/database.h"
 #include "db/part_db.h"
+#include "db/server_database.h"
 #include "indices/index_value.h"
 #include "scripted_messages.h"
+#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -26,6 +29,7 @@ protected:
     {
         database = QSqlDatabase();
         db::closeDatabase(folder.file("temp/PartDB.sqlite"));
+        db::closeServerConnections();
     }
     void exec(const QString &sql)
     {
@@ -34,6 +38,7 @@ protected:
     }
 
     TempAppFolder folder;
+    BackendScope backend{backendOfRun()};
     QSqlDatabase database;
     ScriptedMessages messages;
 };

@@ -27,6 +27,11 @@ BackendScope::~BackendScope()
         qunsetenv("ESTIMATE_DB");
 }
 
+Backend backendOfRun()
+{
+    return qEnvironmentVariable("ESTIMATE_TEST_BACKEND") == QLatin1String("server") ? Backend::Server : Backend::Sqlite;
+}
+
 std::string backendName(Backend backend)
 {
     return backend == Backend::Sqlite ? "Sqlite" : "Server";

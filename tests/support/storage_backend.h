@@ -32,6 +32,10 @@ private:
     bool m_hadPrevious;
 };
 
+// The backend a fixture shared by a whole test program runs on: the server when CTest runs the
+// program a second time with ESTIMATE_TEST_BACKEND=server (est_test's BOTH_BACKENDS), else the files.
+Backend backendOfRun();
+
 // GoogleTest's name of a backend parameter ("Sqlite", "Server").
 std::string backendName(Backend backend);
 inline void PrintTo(Backend backend, std::ostream *out) { *out << backendName(backend); }
