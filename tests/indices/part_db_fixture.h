@@ -8,7 +8,6 @@
 #include "db/server_database.h"
 #include "indices/index_value.h"
 #include "scripted_messages.h"
-#include "storage_backend.h"
 #include "temp_app_folder.h"
 
 #include <QSqlQuery>
@@ -37,8 +36,7 @@ protected:
         ASSERT_TRUE(q.exec(sql)) << sql.toStdString();
     }
 
-    TempAppFolder folder;
-    BackendScope backend{backendOfRun()};
+    TempAppFolder folder; // on the server in the program's server run
     QSqlDatabase database;
     ScriptedMessages messages;
 };

@@ -100,7 +100,7 @@ TEST(BasicIndexGaps, MissingTableIsReported)
     test::TempAppFolder folder;
     db::OpenResult opened = db::openDatabase(folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     ASSERT_TRUE(opened.ok());
-    QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE KihonSisuDB"));
+    QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE \"KihonSisuDB\""));
     QString error;
     EXPECT_TRUE(missingBasicIndexRows(opened.database, &error).isEmpty());
     EXPECT_TRUE(error.startsWith(QStringLiteral("基礎指数の表を読めませんでした。")));
@@ -119,16 +119,16 @@ TEST(PaintNameScreen, ACategoryStillUsedByPartNamesIsNotDeleted)
         q.exec(QString::fromUtf8(sql));
         return q.next() ? q.value(0).toInt() : -1;
     };
-    const int categories = count("SELECT COUNT(*) FROM TKubunDB");
+    const int categories = count("SELECT COUNT(*) FROM \"TKubunDB\"");
     mastertable::TableEditModel model{mastertable::TableStore(opened.database, screen.tables.at(0))};
     ASSERT_GT(model.rowCount(), 0);
     const QString code = model.text(0, 0);
-    ASSERT_GT(count(QStringLiteral("SELECT COUNT(*) FROM PaintDB WHERE KCode = '%1'").arg(code).toUtf8().constData()), 0);
+    ASSERT_GT(count(QStringLiteral("SELECT COUNT(*) FROM \"PaintDB\" WHERE \"KCode\" = '%1'").arg(code).toUtf8().constData()), 0);
     model.removeHeldRows({0});
     const mastertable::SaveOutcome outcome = model.save();
     EXPECT_FALSE(outcome.saved);
     EXPECT_TRUE(outcome.message.contains(QStringLiteral("使われているため"))) << outcome.message.toStdString();
-    EXPECT_EQ(count("SELECT COUNT(*) FROM TKubunDB"), categories);
+    EXPECT_EQ(count("SELECT COUNT(*) FROM \"TKubunDB\""), categories);
 }
 
 // Every bumper choice has its rows in a new installation; a row removed, or a paint kind typed
@@ -193,6 +193,6 @@ TEST(BumperScreen, FewerThanThreeConditionsAreNotSaved)
     EXPECT_FALSE(outcome.saved);
     EXPECT_TRUE(outcome.message.startsWith(QStringLiteral("条件加算は上から順に3行"))) << outcome.message.toStdString();
     QSqlQuery q(opened.database);
-    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(*) FROM BampaJyoukenDB")) && q.next());
+    ASSERT_TRUE(q.exec(QStringLiteral("SELECT COUNT(*) FROM \"BampaJyoukenDB\"")) && q.next());
     EXPECT_EQ(q.value(0).toInt(), 3);
 }

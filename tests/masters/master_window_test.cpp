@@ -103,7 +103,7 @@ TEST_F(HubTest, PaintNamesRefuseAnUnknownCategoryAndKeepAnApostrophe)
         ASSERT_TRUE(test::typeIntoCell(parts->view(), row, 0, QStringLiteral("05")));
         EXPECT_TRUE(parts->save());
     });
-    EXPECT_EQ(value(QStringLiteral("SELECT KCode FROM PaintDB WHERE Buhin = 'O''Brien スポイラー'")), QStringLiteral("05"));
+    EXPECT_EQ(value(QStringLiteral("SELECT \"KCode\" FROM \"PaintDB\" WHERE \"Buhin\" = 'O''Brien スポイラー'")), QStringLiteral("05"));
 }
 
 TEST_F(HubTest, BasicIndexScreenShowsMissingCombinationsAfterSaving)
@@ -127,7 +127,7 @@ TEST_F(HubTest, MissingTablesAreReportedOnceAndNothingOpens)
 {
     const db::OpenResult opened = db::openDatabase(program.folder.path(), QStringLiteral("temp\\PartDB.mdb"));
     if (opened.ok())
-        QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE IF EXISTS TKubunDB"));
+        QSqlQuery(opened.database).exec(QStringLiteral("DROP TABLE IF EXISTS \"TKubunDB\""));
     program.messages.clear();
     program.context().settings->button(QStringLiteral("Command5"))->click();
     EXPECT_EQ(program.dialogs.seen(QStringLiteral("frmPaintName")), 0);

@@ -4,6 +4,7 @@
 #include "db/migration.h"
 #include "db/server_database.h"
 #include "db/server_settings.h"
+#include "storage_backend.h"
 
 #include <QSqlDatabase>
 #include <gtest/gtest.h>
@@ -13,10 +14,13 @@ namespace est::test {
 TempAppFolder::TempAppFolder() : m_previous(qgetenv("ESTIMATE_APP_HOME"))
 {
     qputenv("ESTIMATE_APP_HOME", m_dir.path().toLocal8Bit());
+    if (backendOfRun() == Backend::Server)
+        m_backend = std::make_unique<BackendScope>(Backend::Server);
 }
 
 TempAppFolder::~TempAppFolder()
 {
+    m_backend.reset();
     // Connections to files in the folder must go before the folder does.
     for (const QString &name : QSqlDatabase::connectionNames()) {
         if (name.contains(m_dir.path())) {

@@ -4,8 +4,11 @@
 
 #include <QString>
 #include <QTemporaryDir>
+#include <memory>
 
 namespace est::test {
+
+class BackendScope;
 
 class TempAppFolder
 {
@@ -22,6 +25,8 @@ public:
 private:
     QTemporaryDir m_dir;
     QByteArray m_previous;
+    // In a test program's server run, the folder's databases live on a fresh server database.
+    std::unique_ptr<BackendScope> m_backend;
 };
 
 } // namespace est::test
